@@ -124,6 +124,8 @@ public:
     // ---- screen
     // A temporary vector in user coordinates, colour index, highlight 1 dashed.
     virtual void grDraw(const Point3d& from, const Point3d& to, int color, int highlight) = 0;
+    // Highlights an entity (or ends its highlight) until it is redrawn.
+    virtual void highlight(ObjectId id, bool on) = 0;
     // Removes every temporary vector (redraw of the whole view).
     virtual void redraw() = 0;
     virtual void updateDisplay() = 0;

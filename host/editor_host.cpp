@@ -4,6 +4,7 @@
 #include <cmath>
 #include <numbers>
 
+#include "drawing/create.h"
 #include "host/editor_units.h"
 #include "shell/textnum.h"
 #include "shell/userbreak.h"
@@ -50,34 +51,6 @@ bool isShortVariable(const std::string& name)
 {
     static const char* const names[] = {"CMDECHO", "DYNMODE", "ERRNO", "LUNITS", "LUPREC", "AUNITS", "AUPREC", "PICKBOX"};
     return std::any_of(std::begin(names), std::end(names), [&name](const char* n) { return name == n; });
-}
-
-// The loops of a closed curve or a region, for a solid hatch.
-std::vector<HatchLoop> hatchLoopsOf(const Entity& entity)
-{
-    std::vector<HatchLoop> loops;
-    if (const auto* polyline = entity.as<LwPolyline>(); polyline && polyline->closed) {
-        HatchLoop loop;
-        for (const PolyVertex& vertex : polyline->vertices) {
-            loop.points.push_back(vertex.point);
-            loop.bulges.push_back(vertex.bulge);
-        }
-        loops.push_back(loop);
-    } else if (const auto* region = entity.as<Region>()) {
-        for (const RegionFace& face : region->faces) {
-            loops.push_back(HatchLoop{1, face.outer, {}});
-            for (const Ring& hole : face.holes) loops.push_back(HatchLoop{0, hole, {}});
-        }
-    } else if (const auto* heavy = entity.as<Polyline2d>(); heavy && heavy->closed) {
-        HatchLoop loop;
-        for (const Polyline2dVertex& vertex : heavy->vertices) {
-            if (vertex.type == k2dSplineCtlVertex) continue;
-            loop.points.push_back(vertex.position.to2d());
-            loop.bulges.push_back(vertex.bulge);
-        }
-        loops.push_back(loop);
-    }
-    return loops;
 }
 
 }  // namespace
@@ -410,6 +383,12 @@ void HostEditor::grDraw(const Point3d& from, const Point3d& to, int color, int h
     tempVectors_.push_back({from, to, color, highlight});
 }
 
+void HostEditor::highlight(ObjectId id, bool on)
+{
+    if (on) highlighted_.insert(id);
+    else highlighted_.erase(id);
+}
+
 int HostEditor::setProgressMeter(const std::string& label, int minPos, int maxPos)
 {
     meter_ = ProgressMeter{true, label, minPos, maxPos, minPos};
@@ -527,7 +506,9 @@ int HostEditor::hatchSolid(const SelectionSet& set)
     for (ObjectId id : set.ids) {
         Entity entity;
         if (database_.readEntity(id, entity) != eOk) continue;
-        for (const HatchLoop& loop : hatchLoopsOf(entity)) hatch.loops.push_back(loop);
+        if (!isCurve(entity.kind()) && !entity.as<Region>()) continue;
+        if (isCurve(entity.kind()) && !database_.isClosed(entity)) continue;
+        for (const HatchLoop& loop : hatchLoopsOfBoundary(entity)) hatch.loops.push_back(loop);
         hatch.elevation = entity.as<Region>() ? entity.as<Region>()->elevation : hatch.elevation;
     }
     if (hatch.loops.empty()) return RTERROR;

@@ -7,6 +7,7 @@
 #pragma once
 
 #include <map>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -56,6 +57,7 @@ public:
     int dragGen(const SelectionSet& set, const std::string& prompt, const DragCallback& callback, Point3d& out) override;
 
     void grDraw(const Point3d& from, const Point3d& to, int color, int highlight) override;
+    void highlight(ObjectId id, bool on) override;
     void redraw() override { tempVectors_.clear(); }
     void updateDisplay() override {}
     int setProgressMeter(const std::string& label, int minPos, int maxPos) override;
@@ -79,6 +81,7 @@ public:
     // ---- for the session and for tests
     const std::vector<TempVector>& tempVectors() const { return tempVectors_; }
     const ProgressMeter& progressMeter() const { return meter_; }
+    const std::set<ObjectId>& highlighted() const { return highlighted_; }
     // The folder of the drawing (DWGPREFIX), with its trailing separator.
     void setDrawingFolder(const std::string& folder) { drawingFolder_ = folder; }
     // Shows the whole drawing (or a unit square round the origin when empty).
@@ -116,6 +119,7 @@ private:
     std::string lastPrompt_;
     std::vector<TempVector> tempVectors_;
     ProgressMeter meter_;
+    std::set<ObjectId> highlighted_;
     std::string drawingFolder_;
     std::map<std::string, ResultItem> variables_;
     View view_;
