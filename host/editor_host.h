@@ -102,8 +102,11 @@ private:
 
     Options takeOptions();
     Answer ask(const std::string& prompt, const std::string& what, const std::function<bool(const Answer&)>& accept);
-    // Enter, Esc or a keyword: fills the status; false for other answers.
-    bool commonStatus(const Answer& answer, const Options& options, int& status);
+    // Asks until a value of the prompt (`isValue`), Enter (unless the
+    // options forbid it), Esc or a keyword comes: RTNORM for a value, RTNONE,
+    // RTCAN, or RTKWORD with lastInput_ set.
+    int askFor(const std::string& prompt, const std::string& kind, const Options& options,
+               const std::function<bool(const Answer&)>& isValue, Answer& answer);
     bool isKeywordAnswer(const Answer& answer, const Options& options) const;
     std::string describe(const std::string& kind, const Options& options) const;
     bool numberAllowed(double value, const Options& options) const;
