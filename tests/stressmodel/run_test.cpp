@@ -6,6 +6,7 @@
 #include <regex>
 #include <sys/wait.h>
 
+#include "shell/userbreak.h"
 #include "tests/stressmodel/model_fixture.h"
 
 namespace vorn::testing {
@@ -132,6 +133,26 @@ TEST_F(RunTest, AFailedSeamEndsOnlyTheFirstSolutionOfAStep)
     EXPECT_GT(largest, 0);
     EXPECT_NE(readFile("model.out").find("SOR took -1 iterations 0 secs to converge - Step 2, Seam 2, Level 0"),
               std::string::npos);
+}
+
+TEST_F(RunTest, UserBreakEndsTheRunAsAFailure)
+{
+    ModelText text;
+    text.fillCodes();
+    writeFile("model.inp", text.text());
+    model = std::make_unique<CModelDat>();
+    model->SetInputPath((folder_ / "model.inp").string());
+    model->SetBaseName("model");
+    ScopedReporter scoped(capture);
+    ASSERT_EQ(model->ReadInput(), 0);
+    ASSERT_EQ(model->PrintInput(), 0);
+    requestUserBreak();
+    EXPECT_EQ(model->Run(), 1);
+    EXPECT_EQ(model->cancelled, 1);
+    EXPECT_FALSE(userBreakRequested());
+    const std::string log = readFile("model.out");
+    EXPECT_NE(log.find("Reading in material codes for Step 1, Seam 1"), std::string::npos);
+    EXPECT_EQ(log.find("SOR took"), std::string::npos);
 }
 
 TEST_F(RunTest, FlatSurfaceGivesTheOverburdenOfTheDatumExactly)
