@@ -178,5 +178,7 @@ private:
 
     vorn::MaterialLaw laws_[kMaxMaterials];
     int64_t lastPhaseSeconds_ = 0;
-    int carriedIterations_ = 1001;
+    // m of the level loop: more than any threshold until a pass has run.
+    static constexpr int kUnsettled = 1001;
+    int carriedIterations_ = kUnsettled;
 };

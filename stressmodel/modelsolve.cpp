@@ -60,6 +60,7 @@ int CModelDat::Run()
 {
     progress = std::make_unique<CProgressWnd>(nullptr, "Keldar in Progress ...");
     cancelled = 0;
+    carriedIterations_ = kUnsettled;
     std::time_t start = std::time(nullptr);
     Show("Initializing Data");
     Initialize();
