@@ -59,15 +59,6 @@ TEST(MaterialLaw, InverseRoutines)
     EXPECT_EXIT(softeningStrain(softening, 3001), ::testing::ExitedWithCode(1), "Stress is Greater Than Peak Stress - SSS1");
 }
 
-TEST(MaterialLaw, CodesMapToTableIndices)
-{
-    EXPECT_EQ(materialIndex('A'), 0);
-    EXPECT_EQ(materialIndex('Z'), 25);
-    EXPECT_EQ(materialIndex('0'), kCodeZero);
-    EXPECT_EQ(materialIndex('1'), kCodeMined);
-    EXPECT_EQ(materialIndex('a'), 32);
-}
-
 // A 2 x 1 seam of one material, with E the host modulus.
 class ElementStressTest : public ::testing::Test {
 protected:
