@@ -15,12 +15,12 @@
 //   7+ the surface values, x outer and y inner            "%12lf"
 #pragma once
 
+#include <cstdio>
 #include <memory>
 #include <string>
 
+#include "shell/progress.h"
 #include "stressmodel/arrays.h"
-
-class CProgressWnd;
 
 namespace vorn {
 class TextWriter;
@@ -81,4 +81,6 @@ private:
     int Calculate();
     void TopographicSolve(vorn::TextWriter& out);
     bool PropagateToSeam();
+    // Takes up a user break: true, with `cancelled` set, once there was one.
+    bool UserBreak();
 };
