@@ -8,6 +8,7 @@
 #include "shell/textfile.h"
 #include "shell/textnum.h"
 #include "stressmodel/kernels.h"
+#include "stressmodel/modeldat.h"
 
 namespace {
 // Replaces every `from` in `text` by `to`.
@@ -138,7 +139,7 @@ void CTopoModelDat::PrintHeaderBlocks(vorn::TextWriter& out) const
     out.printf("  LAYER THICKNESS       - %f\n", layerThickness);
     out.printf("  SYSTEM OF UNITS       - %i\n", unitCode);
     out.write("\n");
-    vorn::printUnitsBlock(out, unitCode);
+    vorn::printUnitSystem(out, unitCode);
     out.write("  GENERAL MODEL DATA\n\n");
     out.printf("  WIDTH OF ELEMENTS               -- %f\n", elementWidth);
     out.printf("  NO. OF ELEMENTS ALONG X AXIS    -- %i\n", elementsX);
@@ -154,7 +155,7 @@ void CTopoModelDat::PrintHeaderBlocks(vorn::TextWriter& out) const
     out.printf("  MAXIMUM NO. OF ITERATIONS       -- %i\n", maxIterations);
     out.printf("  STRESS CONVERGENCE CRITERION    -- %f\n", tolerance);
     out.write("\n");
-    vorn::printTopographicBlock(out, {topoX, topoY, topoZ, topoWidth, topoCountX, topoCountY});
+    vorn::printTopographicGrid(out, {topoX, topoY, topoZ, topoWidth, topoCountX, topoCountY});
 }
 
 int CTopoModelDat::Run()
@@ -201,8 +202,7 @@ bool CTopoModelDat::UserBreak()
 void CTopoModelDat::TopographicSolve(vorn::TextWriter& out)
 {
     progress->setStatus("Successive Over Relaxation Iterating");
-    vorn::PlateSettings settings{{modulus, lamination}, overRelaxation, tolerance, maxIterations};
-    settings.beforeIteration = [this] { return !UserBreak(); };
+    const vorn::PlateSettings settings{{modulus, lamination}, overRelaxation, tolerance, maxIterations};
     const vorn::KernelField load{topoLoad.at(1, 1), topoLoad.stride(), topoCountX, topoCountY, topoWidth, 0, 0};
     const int counter = vorn::solveLoadedPlate(
         topoConvergence.at(0, 0), topoConvergence.stride(), load, settings, [&](int iteration, const vorn::SweepChange& change) {
@@ -211,7 +211,8 @@ void CTopoModelDat::TopographicSolve(vorn::TextWriter& out)
             progress->setText(line);
             out.printf("%s\n", line.c_str());
             out.printf("X grid location = %i, Y grid location = %i\n\n", change.x, change.y);
-        });
+        },
+        [this] { return !UserBreak(); });
     progress->setStatus("");
     progress->setPos(100);
     out.printf("Topographic SOR took %i iterations to converge\n\n", counter);
