@@ -1,13 +1,18 @@
 // `vornmark topostress`: the overburden stress at a seam under an uneven
 // surface, with the choices of the three pages "Overburden Stress
 // Calculation" as options.
+#include <unistd.h>
+
+#include <cstdio>
+#include <iostream>
 #include <memory>
 #include <optional>
 #include <string>
 #include <vector>
 
+#include "app/cli_util.h"
 #include "app/commands.h"
-#include "shell/textnum.h"
+#include "shell/report.h"
 #include "shell/userbreak.h"
 #include "stressmodel/topo_stress.h"
 
@@ -28,6 +33,20 @@ struct TopoStressOptions {
     bool seamAverage = false;
     std::optional<std::string> modulus, poisson, lamination, gradient, relaxation, convergence, iterations;
 };
+
+// The prompt after the model was read: a line from the terminal (the end of
+// the input is no answer), or Enter in a batch run.
+bool promptToContinue(const std::string& prompt)
+{
+    acutPrintf("%s", prompt.c_str());
+    std::fflush(stdout);
+    if (!isatty(STDIN_FILENO)) {
+        acutPrintf("\n");
+        return true;
+    }
+    std::string answer;
+    return static_cast<bool>(std::getline(std::cin, answer));
+}
 
 void takeSeamGrid(CTopoStressCommand& command, const TopoStressOptions& options)
 {
@@ -61,11 +80,9 @@ void takeProperties(CTopoProperties& properties, const TopoStressOptions& option
 
 int runTopoStress(const TopoStressOptions& options)
 {
-    if (!iequals(std::string_view(options.outputPath).substr(options.outputPath.size() >= 4 ? options.outputPath.size() - 4 : 0),
-                 ".grd")) {
-        throw UsageError{"OUTPUT must be a .grd file"};
-    }
+    if (!hasExtension(options.outputPath, ".grd")) throw UsageError{"OUTPUT must be a .grd file"};
     CTopoStressCommand command;
+    command.confirmContinue = promptToContinue;
     command.setUnitSystem(options.units);
     command.surfaceType = options.surface == "elevation" ? 0 : 1;
     if (!options.surfacePath.empty() && !command.loadSurface(options.surfacePath)) return kExitFailure;
@@ -80,7 +97,9 @@ int runTopoStress(const TopoStressOptions& options)
     takeProperties(command.properties, options);
     if (command.validate() != 0) return kExitFailure;
     installUserBreakHandler();
-    return command.run() == 0 ? kExitOk : kExitFailure;
+    int result = command.run();
+    finishTerminalLine();
+    return result == 0 ? kExitOk : kExitFailure;
 }
 
 void addPropertyOptions(CLI::App* sub, TopoStressOptions& options)
@@ -115,7 +134,7 @@ void addSeamOptions(CLI::App* sub, TopoStressOptions& options)
     sub->add_flag("--seam-average", options.seamAverage, "use the seam grid's average as the seam level")->excludes(level);
 }
 
-CommandGroup group{45, [](CLI::App& parser, Action& action) {
+CommandGroup group{42, [](CLI::App& parser, Action& action) {
     auto options = std::make_shared<TopoStressOptions>();
     CLI::App* sub = parser.add_subcommand("topostress", "overburden stress at a seam under an uneven surface, as a .grd file");
     sub->add_option("SURFACE", options->surfacePath, "surface grid: overburden thickness or elevation")->required();

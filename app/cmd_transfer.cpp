@@ -55,7 +55,7 @@ int runTransfer(const TransferOptions& options)
     return reader.transferRow(row, options.outputFile) ? kExitOk : kExitFailure;
 }
 
-CommandGroup group{40, [](CLI::App& parser, Action& action) {
+CommandGroup group{41, [](CLI::App& parser, Action& action) {
     auto options = std::make_shared<TransferOptions>();
     CLI::App* sub = parser.add_subcommand("transfer", "one item of one step of an element file (.f1 ...) into a .grd file");
     sub->add_option("ELEMENTFILE", options->elementFile, "element file written by the stress model, or of that form")
