@@ -1,25 +1,13 @@
 #include <gtest/gtest.h>
 
-#include <sys/wait.h>
-
-#include <cstdlib>
 #include <filesystem>
-#include <fstream>
-#include <sstream>
 #include <string>
 
 #include "grid/grid.h"
+#include "tests/stressmodel/topo_test_util.h"
 
 namespace {
 namespace fs = std::filesystem;
-
-std::string slurp(const fs::path& path)
-{
-    std::ifstream in(path, std::ios::binary);
-    std::stringstream s;
-    s << in.rdbuf();
-    return s.str();
-}
 
 // A folder of its own for each test, holding copies of the example grids.
 struct TopoCommand : ::testing::Test {
@@ -28,21 +16,12 @@ struct TopoCommand : ::testing::Test {
 
     void SetUp() override
     {
-        folder = fs::temp_directory_path() / "vorn_topo_command" / ::testing::UnitTest::GetInstance()->current_test_info()->name();
-        fs::remove_all(folder);
-        fs::create_directories(folder);
+        folder = stresstest::testFolder("vorn_topo_command");
         for (const char* name : {"surface.grd", "seam.grd"}) {
             fs::copy_file(fs::path(VORN_SOURCE_DIR) / "examples" / "topo" / name, folder / name);
         }
     }
-    int vornmark(const std::string& arguments)
-    {
-        std::string command = "cd " + folder.string() + " && " + VORN_BINARY + " topostress " + arguments + " >out.txt 2>err.txt";
-        int status = std::system(command.c_str());
-        out = slurp(folder / "out.txt");
-        err = slurp(folder / "err.txt");
-        return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-    }
+    int vornmark(const std::string& arguments) { return stresstest::runVornmark(folder, "topostress " + arguments, out, err); }
 };
 }  // namespace
 
@@ -71,7 +50,7 @@ TEST_F(TopoCommand, SeamGridDefinitionAndElevationSurface)
                        "--surface elevation --seam-level 100 --units 1 --gradient 0.1"),
               0)
         << out << err;
-    std::string tmp = slurp(folder / "def.tmp");
+    std::string tmp = stresstest::slurp((folder / "def.tmp").string());
     EXPECT_EQ(tmp.substr(0, tmp.find("\r\n0.0,0.0")),
               "Overburden stress input file\r\n0.250000,3000000.000000,600.000000,1\r\n100.000000,20,20,0.100000");
     EXPECT_NE(tmp.find("\r\n100.000000,60,60,-2000.000000,-2000.000000,"), std::string::npos);

@@ -2,7 +2,6 @@
 
 #include <filesystem>
 #include <fstream>
-#include <sstream>
 #include <string>
 #include <vector>
 
@@ -11,17 +10,10 @@
 #include "shell/textnum.h"
 #include "shell/userbreak.h"
 #include "stressmodel/topomodel.h"
+#include "tests/stressmodel/topo_test_util.h"
 
 namespace {
 namespace fs = std::filesystem;
-
-std::string slurp(const fs::path& path)
-{
-    std::ifstream in(path, std::ios::binary);
-    std::stringstream s;
-    s << in.rdbuf();
-    return s.str();
-}
 
 // The lines of a `.tmp` file as the command writes them: a 10 x 10 seam of
 // 1200 inch elements under a 12 x 12 surface grid of `thickness` inches.
@@ -50,8 +42,7 @@ struct TopoModel : ::testing::Test {
 
     void SetUp() override
     {
-        folder = fs::temp_directory_path() / "vorn_topo_model" / ::testing::UnitTest::GetInstance()->current_test_info()->name();
-        fs::create_directories(folder);
+        folder = stresstest::testFolder("vorn_topo_model");
     }
     // Writes `lines` as model.tmp and reads it; the read's result.
     int read(const TmpLines& lines)
@@ -126,7 +117,7 @@ TEST_F(TopoModel, PrintInputWritesTheBlocksWithTheUnitTextShiftedByOne)
 {
     ASSERT_EQ(read(TmpLines{}), 0);
     ASSERT_EQ(model.PrintInput(), 0);
-    std::string out = slurp(folder / "model.out");
+    std::string out = stresstest::slurp((folder / "model.out").string());
     const std::string expectedStart =
         "Overburden stress input file\r\n\r\n"
         "  IN THE FOLLOWING X,Y,Z REFER TO GLOBAL AXES OR COORDINATES\r\n"
@@ -168,7 +159,7 @@ TEST_F(TopoModel, FlatSurfaceGivesExactlyDensityTimesDepth)
     for (int x = 1; x <= 10; ++x) {
         for (int y = 1; y <= 10; ++y) ASSERT_EQ(model.overburdenStress(x, y), expected) << x << "," << y;
     }
-    std::string out = slurp(folder / "model.out");
+    std::string out = stresstest::slurp((folder / "model.out").string());
     EXPECT_NE(out.find("Topographic SOR took 2 iterations to converge\r\n\r\n"
                        "Propogating the topo. disp. to seam stresses\r\n\r\n"),
               std::string::npos);
@@ -199,7 +190,7 @@ TEST_F(TopoModel, UserBreakCancelsTheRun)
     EXPECT_EQ(model.Run(), 1);
     vorn::clearUserBreak();
     EXPECT_EQ(model.cancelled, 1);
-    std::string out = slurp(folder / "model.out");
+    std::string out = stresstest::slurp((folder / "model.out").string());
     const std::string expectedEnd = "Operations are canceled by user\r\n\r\n";
     EXPECT_EQ(out.substr(out.size() - expectedEnd.size()), expectedEnd);
     EXPECT_EQ(out.find("Propogating"), std::string::npos);
@@ -217,7 +208,7 @@ TEST_F(TopoModel, WriteValuesDoublesTheLastColumnAndRow)
         ASSERT_TRUE(writer.open(path.string()));
         model.WriteValues(writer);
     }
-    std::string text = slurp(path);
+    std::string text = stresstest::slurp((path).string());
     std::vector<double> values;
     for (size_t at = text.find("\r\n"); at != std::string::npos; at = text.find("\r\n", at + 2)) values.push_back(_wtof(text.substr(at + 2)));
     ASSERT_EQ(values.size(), 121u);

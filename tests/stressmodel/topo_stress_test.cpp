@@ -1,7 +1,6 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <fstream>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -10,17 +9,10 @@
 #include "shell/report.h"
 #include "shell/textnum.h"
 #include "stressmodel/topo_stress.h"
+#include "tests/stressmodel/topo_test_util.h"
 
 namespace {
 namespace fs = std::filesystem;
-
-std::string slurp(const fs::path& path)
-{
-    std::ifstream in(path, std::ios::binary);
-    std::stringstream s;
-    s << in.rdbuf();
-    return s.str();
-}
 
 std::vector<std::string> linesOf(const std::string& text)
 {
@@ -41,9 +33,7 @@ struct TopoStress : ::testing::Test {
 
     void SetUp() override
     {
-        folder = fs::temp_directory_path() / "vorn_topo_stress" / ::testing::UnitTest::GetInstance()->current_test_info()->name();
-        fs::remove_all(folder);
-        fs::create_directories(folder);
+        folder = stresstest::testFolder("vorn_topo_stress");
     }
     // A surface grid at origin (-100, -100) of 14 x 14 cells of 100 units,
     // every node at `value`, or at `value` + `hill` on the cells (6..7, 6..7).
@@ -176,7 +166,7 @@ TEST_F(TopoStress, TmpFileCarriesFeetAsInches)
     prepare(surface(900.0), 0);
     command.typeSeamLevel(-100.0);
     ASSERT_EQ(command.run(), 0) << lastBox();
-    std::vector<std::string> lines = linesOf(slurp(folder / "result.tmp"));
+    std::vector<std::string> lines = linesOf(stresstest::slurp((folder / "result.tmp").string()));
     ASSERT_EQ(lines.size(), 6u + 14 * 14);
     EXPECT_EQ(lines[0], "Overburden stress input file");
     EXPECT_EQ(lines[1], "0.250000,3000000.000000,600.000000,2");
@@ -192,7 +182,7 @@ TEST_F(TopoStress, FlatSurfaceGivesAGridOfDensityTimesDepth)
 {
     prepare(surface(1000.0));
     ASSERT_EQ(command.run(), 0) << lastBox();
-    std::string text = slurp(folder / "Result.grd");
+    std::string text = stresstest::slurp((folder / "Result.grd").string());
     std::vector<std::string> lines = linesOf(text);
     ASSERT_EQ(lines.size(), 6u + 11 * 11 + 2);
     EXPECT_EQ(std::vector<std::string>(lines.begin(), lines.begin() + 6),

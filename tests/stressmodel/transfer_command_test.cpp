@@ -1,52 +1,27 @@
 #include <gtest/gtest.h>
 
-#include <sys/wait.h>
-
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <sstream>
 #include <string>
 
 #include "grid/grid.h"
+#include "tests/stressmodel/topo_test_util.h"
 
 namespace {
 namespace fs = std::filesystem;
 
-fs::path commandFolder()
-{
-    // One folder per test, as the tests may run side by side.
-    fs::path folder = fs::temp_directory_path() / "vorn_transfer_command" /
-                      ::testing::UnitTest::GetInstance()->current_test_info()->name();
-    fs::create_directories(folder);
-    return folder;
-}
+struct TransferCommand : ::testing::Test {
+    fs::path folder = stresstest::testFolder("vorn_transfer_command");
+    std::string out, err;
 
-std::string slurp(const fs::path& path)
-{
-    std::ifstream in(path, std::ios::binary);
-    std::stringstream s;
-    s << in.rdbuf();
-    return s.str();
-}
-
-// Runs vornmark with `arguments`; standard output and error land in files.
-int vornmark(const std::string& arguments, std::string& out, std::string& err)
-{
-    fs::path folder = commandFolder();
-    std::string command = std::string(VORN_BINARY) + " " + arguments + " >" + (folder / "out.txt").string() + " 2>" +
-                          (folder / "err.txt").string();
-    int status = std::system(command.c_str());
-    out = slurp(folder / "out.txt");
-    err = slurp(folder / "err.txt");
-    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-}
+    int vornmark(const std::string& arguments) { return stresstest::runVornmark(folder, arguments, out, err); }
+};
 
 // Two steps of a 10 by 10 mesh of 120 inch elements; item k of element
 // (x, y) of step s holds s * 1000 + k * 100 + x * 10 + y / 10.
-fs::path writeElementFile()
+fs::path writeElementFile(const fs::path& folder)
 {
-    fs::path path = commandFolder() / "model.f1";
+    fs::path path = folder / "model.f1";
     std::ofstream out(path, std::ios::binary);
     out << "  2,     100,          120,  10,  10,          240,          360\r\n";
     out << "  5,Seam Convergence         ,Total Vertical Stress    ,Surface Effect Stress    ,Multiple Seam Stress     ,"
@@ -68,13 +43,12 @@ fs::path writeElementFile()
 }
 }  // namespace
 
-TEST(TransferCommand, SavesTheItemOfTheStepAsAGridFile)
+TEST_F(TransferCommand, SavesTheItemOfTheStepAsAGridFile)
 {
-    fs::path input = writeElementFile();
-    fs::path output = commandFolder() / "stress.grd";
+    fs::path input = writeElementFile(folder);
+    fs::path output = folder / "stress.grd";
     fs::remove(output);
-    std::string out, err;
-    ASSERT_EQ(vornmark("transfer " + input.string() + " --step 2 --item 2 " + output.string(), out, err), 0) << err;
+    ASSERT_EQ(vornmark("transfer " + input.string() + " --step 2 --item 2 " + output.string()), 0) << err;
     EXPECT_NE(err.find("Convert the item: Total Vertical Stress <2> in step 2"), std::string::npos) << err;
     EXPECT_NE(err.find("File: " + output.string() + " is saved!"), std::string::npos) << err;
 
@@ -88,26 +62,24 @@ TEST(TransferCommand, SavesTheItemOfTheStepAsAGridFile)
     EXPECT_EQ(grid.getTitle(), "Convert the item: Total Vertical Stress <2> in step 2");
 }
 
-TEST(TransferCommand, ListPrintsTheRowsOfAllSteps)
+TEST_F(TransferCommand, ListPrintsTheRowsOfAllSteps)
 {
-    fs::path input = writeElementFile();
-    std::string out, err;
-    ASSERT_EQ(vornmark("transfer " + input.string() + " --list", out, err), 0) << err;
+    fs::path input = writeElementFile(folder);
+    ASSERT_EQ(vornmark("transfer " + input.string() + " --list"), 0) << err;
     EXPECT_EQ(out.find(input.string() + "\nItem#\tItem Name\tUnit\tStep\tComments\n1\tSeam Convergence \t ft\t1\t10 X 10\n"), 0u)
         << out;
     EXPECT_NE(out.find("\n10\tOverburden Stress\t psi\t2\t10 X 10\n"), std::string::npos) << out;
 }
 
-TEST(TransferCommand, BadChoicesAndFilesGiveTheirExitStatus)
+TEST_F(TransferCommand, BadChoicesAndFilesGiveTheirExitStatus)
 {
-    fs::path input = writeElementFile();
-    fs::path output = commandFolder() / "none.grd";
-    std::string out, err;
-    EXPECT_EQ(vornmark("transfer " + input.string() + " --step 3 --item 1 " + output.string(), out, err), 2);
+    fs::path input = writeElementFile(folder);
+    fs::path output = folder / "none.grd";
+    EXPECT_EQ(vornmark("transfer " + input.string() + " --step 3 --item 1 " + output.string()), 2);
     EXPECT_NE(err.find("steps 1 to 2"), std::string::npos) << err;
-    EXPECT_EQ(vornmark("transfer " + input.string() + " --step 1 --item 6 " + output.string(), out, err), 2);
-    EXPECT_EQ(vornmark("transfer " + input.string() + " " + output.string(), out, err), 2);
-    EXPECT_EQ(vornmark("transfer " + (commandFolder() / "absent.f1").string() + " --list", out, err), 1);
+    EXPECT_EQ(vornmark("transfer " + input.string() + " --step 1 --item 6 " + output.string()), 2);
+    EXPECT_EQ(vornmark("transfer " + input.string() + " " + output.string()), 2);
+    EXPECT_EQ(vornmark("transfer " + (folder / "absent.f1").string() + " --list"), 1);
     EXPECT_NE(err.find("File could not be opened: "), std::string::npos) << err;
     EXPECT_FALSE(fs::exists(output));
 }

@@ -2,30 +2,17 @@
 
 #include <cstdio>
 #include <filesystem>
-#include <fstream>
 #include <string>
 
 #include "grid/grid.h"
 #include "shell/report.h"
 #include "shell/textnum.h"
 #include "stressmodel/transfer.h"
+#include "tests/stressmodel/topo_test_util.h"
 
 namespace {
 namespace fs = std::filesystem;
 
-fs::path scratchFolder()
-{
-    fs::path folder = fs::temp_directory_path() / "vorn_transfer_test" /
-                      ::testing::UnitTest::GetInstance()->current_test_info()->name();
-    fs::create_directories(folder);
-    return folder;
-}
-
-void writeText(const fs::path& path, const std::string& text)
-{
-    std::ofstream out(path, std::ios::binary);
-    out << text;
-}
 
 // The value of item `item` (1..5) of element (x, y) in step `step`, all from 1.
 double sampleValue(int step, int x, int y, int item) { return step * 1000 + x * 100 + y * 10 + item; }
@@ -54,13 +41,13 @@ std::string elementFile(int steps, int countX, int countY, double width, const c
 struct TransferReader : ::testing::Test {
     vorn::CaptureReporter capture;
     vorn::ScopedReporter scope{capture};
-    fs::path folder = scratchFolder();
+    fs::path folder = stresstest::testFolder("vorn_transfer_reader");
     CElementFileReader reader;
 
     std::string file(const std::string& name, const std::string& text)
     {
         fs::path path = folder / name;
-        writeText(path, text);
+        gridtest::spit(path.string(), text);
         return path.string();
     }
     std::string lastBox() const { return capture.boxes.empty() ? std::string() : capture.boxes.back().text; }
