@@ -87,7 +87,7 @@ int runTopoStress(const TopoStressOptions& options)
     command.surfaceType = options.surface == "elevation" ? 0 : 1;
     if (!options.surfacePath.empty() && !command.loadSurface(options.surfacePath)) return kExitFailure;
     takeSeamGrid(command, options);
-    command.outputPath = options.outputPath;
+    command.changeOutputPath(options.outputPath);
     command.useSeamAverage = options.seamAverage;
     command.activateSeamPage();
     if (options.seamLevel && !command.typeSeamLevel(*options.seamLevel)) {

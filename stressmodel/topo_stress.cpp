@@ -126,6 +126,13 @@ void CTopoStressCommand::activateSeamPage()
     seamLevel = useSeamAverage && !levelLocked ? seamMean : 0.0;
 }
 
+void CTopoStressCommand::changeOutputPath(const std::string& path)
+{
+    if (path == outputPath) return;
+    if (std::filesystem::exists(path) && AfxMessageBox("File existes, Overwrite?", MB_YESNO) == IDNO) return;
+    outputPath = path;
+}
+
 bool CTopoStressCommand::typeSeamLevel(double level)
 {
     if (levelLocked) return false;

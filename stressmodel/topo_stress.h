@@ -49,6 +49,9 @@ public:
     // overburden thickness, else it is the seam grid's mean when
     // `useSeamAverage` is set, else 0 until the user types one.
     void activateSeamPage();
+    // The output field left with a new name: for a file that exists, "File
+    // existes, Overwrite?" with yes and no; no keeps the former name.
+    void changeOutputPath(const std::string& path);
     // The seam level typed into its field; false while the field is locked.
     bool typeSeamLevel(double level);
 

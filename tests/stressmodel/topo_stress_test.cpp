@@ -122,6 +122,20 @@ TEST_F(TopoStress, SeamLevelIsLockedForThicknessAndAveragedOnlyForElevation)
     EXPECT_EQ(command.seamLevel, 12.0);
 }
 
+TEST_F(TopoStress, AnExistingOutputFileIsOverwrittenOnlyOnYes)
+{
+    command.outputPath = "first.grd";
+    std::string existing = surface(1.0);
+    capture.queuedAnswers = {IDNO};
+    command.changeOutputPath(existing);
+    EXPECT_EQ(lastBox(), "File existes, Overwrite?");
+    EXPECT_EQ(command.outputPath, "first.grd");
+    command.changeOutputPath(existing);
+    EXPECT_EQ(command.outputPath, existing);
+    command.changeOutputPath((folder / "new.grd").string());
+    EXPECT_EQ(capture.boxes.size(), 2u);
+}
+
 TEST_F(TopoStress, OkChecksThePagesInOrderAndResetsSomeFields)
 {
     EXPECT_EQ(command.validate(), 1);
@@ -231,6 +245,14 @@ TEST_F(TopoStress, FailuresOfTheRunStopWithTheirMessages)
     EXPECT_TRUE(fs::exists(folder / "r.tmp"));
     EXPECT_FALSE(fs::exists(folder / "r.out"));
 
+    fs::create_directory(folder / "dir.grd");
+    command.outputPath = (folder / "dir.grd").string();
+    command.confirmContinue = [](const std::string&) { return true; };
+    EXPECT_EQ(command.run(), 1);
+    EXPECT_EQ(lastBox(), "File <" + command.outputPath + "> could not be opened to write!");
+    EXPECT_TRUE(fs::exists(folder / "dir.out"));
+
+    command.outputPath = (folder / "r.grd").string();
     command.setUnitSystem(4);
     EXPECT_EQ(command.run(), 1);
     ASSERT_GE(capture.boxes.size(), 2u);
