@@ -166,22 +166,6 @@ TEST_F(TopoModel, FlatSurfaceGivesExactlyDensityTimesDepth)
     EXPECT_NE(capture.printed.find("\nTopographic SOR took 2 iterations to converge"), std::string::npos);
 }
 
-TEST_F(TopoModel, ReliefRaisesTheStressUnderAHill)
-{
-    TmpLines lines;
-    for (int x = 0; x < 12; ++x) {
-        for (int y = 0; y < 12; ++y) lines.values[x * 12 + y] = (x >= 5 && x <= 6 && y >= 5 && y <= 6) ? 14400.0 : 12000.0;
-    }
-    lines.topo = "1200.000000,12,12,-1200.000000,-1200.000000,12080.000000";
-    ASSERT_EQ(read(lines), 0);
-    ASSERT_EQ(model.PrintInput(), 0);
-    ASSERT_EQ(model.Run(), 0);
-    const double flat = 0.091667f * 12080.0f;
-    // Seam element (5, 5) lies under surface cell (5, 5), part of the hill.
-    EXPECT_GT(model.overburdenStress(5, 5), flat);
-    EXPECT_LT(model.overburdenStress(1, 10), model.overburdenStress(5, 5));
-}
-
 TEST_F(TopoModel, UserBreakCancelsTheRun)
 {
     ASSERT_EQ(read(TmpLines{}), 0);

@@ -172,13 +172,3 @@ TEST_F(TransferReader, TransferAsksSavesWithTitleOrStopsOnCancel)
     EXPECT_EQ(saved.getTitle(), question);
     EXPECT_DOUBLE_EQ(saved.getValue(1, 0), sampleValue(2, 2, 1, 2));
 }
-
-TEST(TransferSplit, ItemLinesAreTrimmedSqueezedAndSplitKeepingEmptyFields)
-{
-    std::vector<std::string> fields = vorn::splitItemLine("  3,a   b ,,\tc  ");
-    ASSERT_EQ(fields.size(), 4u);
-    EXPECT_EQ(fields[0], "3");
-    EXPECT_EQ(fields[1], "a b ");
-    EXPECT_EQ(fields[2], "");
-    EXPECT_EQ(fields[3], " c");
-}
