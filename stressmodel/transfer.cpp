@@ -70,7 +70,7 @@ bool readNonEmptyLine(vorn::TextReader& file, std::string& line)
     return !line.empty();
 }
 
-bool openOrReport(vorn::TextReader& file, const std::string& path, std::string& failure)
+bool openOrSayWhy(vorn::TextReader& file, const std::string& path, std::string& failure)
 {
     int cause = vorn::kFileNone;
     if (file.open(path, &cause)) return true;
@@ -98,7 +98,7 @@ bool CElementFileReader::readHeader(const std::string& path, std::vector<std::st
 {
     vorn::TextReader file;
     std::string failure;
-    if (!openOrReport(file, path, failure)) {
+    if (!openOrSayWhy(file, path, failure)) {
         AfxMessageBox(failure);
         return false;
     }
@@ -163,7 +163,7 @@ bool CElementFileReader::readItem(const CElementItemChoice& item, myGrid& grid, 
     grid.setOrigin(originX, originY, 0.0);
     grid.setup(countX, countY, elementWidth, elementWidth, 0.0);
     vorn::TextReader file;
-    if (!openOrReport(file, path_, failure)) return false;
+    if (!openOrSayWhy(file, path_, failure)) return false;
     std::string line;
     long long skip = static_cast<long long>(item.step - 1) * elementCount + 3;
     for (long long k = 0; k < skip; ++k) file.readLine(line);
