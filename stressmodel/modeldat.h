@@ -13,6 +13,7 @@
 
 #include <cstdint>
 #include <cstdio>
+#include <ctime>
 #include <memory>
 #include <string>
 
@@ -181,6 +182,8 @@ private:
     void SetProgress(int percent);
     int RunSteps(vorn::TextWriter& stream);
     bool SolveStepStart(int step, vorn::TextWriter& stream);
+    int SolveSeamOf(int seam, vorn::TextWriter& stream);
+    void RecordSolution(int step, int seam, int level, int iterations, std::time_t start, vorn::TextWriter& stream);
     void PropagateExternal(int step, int level, int source, int target, bool mirror, vorn::TextWriter& stream);
     void PrintMaterial(vorn::TextWriter& out, int material);
     int PrintStepCodes(vorn::TextWriter& out, int step);

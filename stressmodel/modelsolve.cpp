@@ -125,18 +125,28 @@ bool CModelDat::SolveStepStart(int step, vorn::TextWriter& stream)
         Show(entering);
         stream.write(entering + "\n\n");
         const std::time_t start = std::time(nullptr);
-        const int iterations = SolveSeam(convergence[s], codes[s], elementsX, elementsY, elementWidth, seamThickness[s],
-                                         verticalStress[s], overburdenStress[s], surfaceStress[s], interseamStress[s],
-                                         stream);
+        const int iterations = SolveSeamOf(s, stream);
         if (iterations == -1) return false;
-        lastPhaseSeconds_ = secondsSince(start);
-        profile[s].sorSeconds[kFirstLevel] += lastPhaseSeconds_;
-        profile[s].iterations[kFirstLevel] += iterations;
-        profile[s].loops[kFirstLevel] += 1;
-        stream.printf("SOR took %i iterations %li secs to converge - Step %i, Seam %i, Level %i\n\n", iterations,
-                      static_cast<long>(lastPhaseSeconds_), step, s, kFirstLevel);
+        RecordSolution(step, s, kFirstLevel, iterations, start, stream);
     }
     return true;
+}
+
+int CModelDat::SolveSeamOf(int s, vorn::TextWriter& stream)
+{
+    return SolveSeam(convergence[s], codes[s], elementsX, elementsY, elementWidth, seamThickness[s], verticalStress[s],
+                     overburdenStress[s], surfaceStress[s], interseamStress[s], stream);
+}
+
+// Adds a solution to the seam's profile at the level and logs it.
+void CModelDat::RecordSolution(int step, int s, int level, int iterations, std::time_t start, vorn::TextWriter& stream)
+{
+    lastPhaseSeconds_ = secondsSince(start);
+    profile[s].sorSeconds[level] += lastPhaseSeconds_;
+    profile[s].iterations[level] += iterations;
+    profile[s].loops[level] += 1;
+    stream.printf("SOR took %i iterations %li secs to converge - Step %i, Seam %i, Level %i\n\n", iterations,
+                  static_cast<long>(lastPhaseSeconds_), step, s, level);
 }
 
 // Levels 3 to 0: external stresses, then a pass over the seams, until the
@@ -165,16 +175,9 @@ bool CModelDat::SolveLevel(int step, int level, int& largestIterations, vorn::Te
         Show(formatString("Calculating Seam %i Displacements", s));
         stream.printf("Entering SOR - Step %i, Seam %i, Level %i\n\n", step, s, level);
         const std::time_t start = std::time(nullptr);
-        const int iterations = SolveSeam(convergence[s], codes[s], elementsX, elementsY, elementWidth, seamThickness[s],
-                                         verticalStress[s], overburdenStress[s], surfaceStress[s], interseamStress[s],
-                                         stream);
+        const int iterations = SolveSeamOf(s, stream);
         if (cancelled) return false;
-        lastPhaseSeconds_ = secondsSince(start);
-        profile[s].iterations[level] += iterations;
-        profile[s].sorSeconds[level] += lastPhaseSeconds_;
-        profile[s].loops[level] += 1;
-        stream.printf("SOR took %i iterations %li secs to converge - Step %i, Seam %i, Level %i\n\n", iterations,
-                      static_cast<long>(lastPhaseSeconds_), step, s, level);
+        RecordSolution(step, s, level, iterations, start, stream);
         if (iterations > largestIterations) largestIterations = iterations;
     }
     return true;

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <functional>
 #include <random>
 #include <vector>
 
@@ -58,35 +59,35 @@ const std::vector<Layout> kLayouts = {
     {"deep seam, window over everything", 12, 9, 60, 0, 0, 14, 11, 60, 30, 10, -14400},
 };
 
-TEST(PropagateStress, SeparableSumsAgreeWithThePlainLoop)
+using Sum = std::function<void(const KernelField&, const KernelField&, double, const KernelRock&)>;
+
+void expectAgreement(const Sum& plainSum, const Sum& fastSum, unsigned seed)
 {
-    unsigned seed = 1;
     for (const Layout& c : kLayouts) {
         SCOPED_TRACE(c.name);
         OwnedField source(c.sx, c.sy, c.sw, c.sox, c.soy);
         fillRandom(source, seed++);
         OwnedField plain(c.tx, c.ty, c.tw, c.tox, c.toy), fast(c.tx, c.ty, c.tw, c.tox, c.toy);
-        plainPropagate(source.field, plain.field, c.distance, kRock);
-        EXPECT_TRUE(propagateStress(source.field, fast.field, c.distance, kRock));
-        const double bound = 1e-12 * plain.largest();
+        plainSum(source.field, plain.field, c.distance, kRock);
+        fastSum(source.field, fast.field, c.distance, kRock);
         ASSERT_GT(plain.largest(), 0);
+        const double bound = 1e-12 * plain.largest();
         for (std::size_t n = 0; n < plain.data.size(); ++n) ASSERT_NEAR(fast.data[n], plain.data[n], bound) << n;
     }
 }
 
+TEST(PropagateStress, SeparableSumsAgreeWithThePlainLoop)
+{
+    expectAgreement(plainPropagate, [](const KernelField& s, const KernelField& t, double z, const KernelRock& r) {
+        EXPECT_TRUE(propagateStress(s, t, z, r));
+    }, 1);
+}
+
 TEST(RemoteDisplacement, SeparableSumsAgreeWithThePlainLoop)
 {
-    unsigned seed = 10;
-    for (const Layout& c : kLayouts) {
-        SCOPED_TRACE(c.name);
-        OwnedField source(c.sx, c.sy, c.sw, c.sox, c.soy);
-        fillRandom(source, seed++);
-        OwnedField plain(c.tx, c.ty, c.tw, c.tox, c.toy), fast(c.tx, c.ty, c.tw, c.tox, c.toy);
-        plainRemote(source.field, plain.field, c.distance, kRock);
-        remoteDisplacement(source.field, fast.field, c.distance, kRock);
-        const double bound = 1e-12 * plain.largest();
-        for (std::size_t n = 0; n < plain.data.size(); ++n) ASSERT_NEAR(fast.data[n], plain.data[n], bound) << n;
-    }
+    expectAgreement(plainRemote, [](const KernelField& s, const KernelField& t, double z, const KernelRock& r) {
+        remoteDisplacement(s, t, z, r);
+    }, 10);
 }
 
 // One source element of value 1 at the origin's first element, seen by a

@@ -23,13 +23,18 @@ protected:
     // Reads, prints and runs the model; gives Run's result.
     int run(const ModelText& text)
     {
+        ScopedReporter scoped(capture);
+        if (load(text) != 0 || model->PrintInput() != 0) return -100;
+        return model->Run();
+    }
+    // Writes and reads the model as `model.inp`.
+    int load(const ModelText& text)
+    {
         writeFile("model.inp", text.text());
         model = std::make_unique<CModelDat>();
         model->SetInputPath((folder_ / "model.inp").string());
         model->SetBaseName("model");
-        ScopedReporter scoped(capture);
-        if (model->ReadInput() != 0 || model->PrintInput() != 0) return -100;
-        return model->Run();
+        return model->ReadInput();
     }
     static ModelText twoSeamsTwoSteps()
     {
@@ -118,12 +123,8 @@ TEST_F(RunTest, AFailedSeamEndsOnlyTheFirstSolutionOfAStep)
     // In a level pass the failed seam counts as settled and the pass goes on.
     text = twoSeamsTwoSteps();
     text.codeRows[35][3] = '0';  // seam 2 of step 2, the codes the read leaves
-    writeFile("model.inp", text.text());
-    model = std::make_unique<CModelDat>();
-    model->SetInputPath((folder_ / "model.inp").string());
-    model->SetBaseName("model");
     ScopedReporter scoped(capture);
-    ASSERT_EQ(model->ReadInput(), 0);
+    ASSERT_EQ(load(text), 0);
     model->Initialize();
     TextWriter log;
     ASSERT_TRUE(log.open("model.out"));
@@ -139,12 +140,8 @@ TEST_F(RunTest, UserBreakEndsTheRunAsAFailure)
 {
     ModelText text;
     text.fillCodes();
-    writeFile("model.inp", text.text());
-    model = std::make_unique<CModelDat>();
-    model->SetInputPath((folder_ / "model.inp").string());
-    model->SetBaseName("model");
     ScopedReporter scoped(capture);
-    ASSERT_EQ(model->ReadInput(), 0);
+    ASSERT_EQ(load(text), 0);
     ASSERT_EQ(model->PrintInput(), 0);
     requestUserBreak();
     EXPECT_EQ(model->Run(), 1);
@@ -158,11 +155,7 @@ TEST_F(RunTest, UserBreakEndsTheRunAsAFailure)
 TEST_F(RunTest, FlatSurfaceGivesTheOverburdenOfTheDatumExactly)
 {
     ModelText text = twoSeamsTwoSteps();
-    writeFile("model.inp", text.text());
-    model = std::make_unique<CModelDat>();
-    model->SetInputPath((folder_ / "model.inp").string());
-    model->SetBaseName("model");
-    ASSERT_EQ(model->ReadInput(), 0);
+    ASSERT_EQ(load(text), 0);
     model->topographicStress = 1;
     std::string top = "1,400, 100.0, 20, 20, -400.0, -400.0, 7200.0\r\n  1,Height\r\n  1,in\r\n";
     for (int n = 0; n < 400; ++n) top += "   7200.0000\r\n";
