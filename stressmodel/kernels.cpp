@@ -174,7 +174,8 @@ void remoteDisplacement(const KernelField& source, const KernelField& target, do
 
 int solveLoadedPlate(double* convergence, std::ptrdiff_t stride, const KernelField& load,
                      const PlateSettings& settings,
-                     const std::function<void(int iteration, const SweepChange& change)>& report)
+                     const std::function<void(int iteration, const SweepChange& change)>& report,
+                     const std::function<bool()>& beforeIteration)
 {
     const double a = settings.overRelaxation * 0.25;
     const double b = 1.0 - settings.overRelaxation;
@@ -185,6 +186,7 @@ int solveLoadedPlate(double* convergence, std::ptrdiff_t stride, const KernelFie
     auto rhs = [&load](int x, int y) { return load.at(x, y); };
     while (std::fabs(largest) > settings.tolerance) {
         if (counter > settings.maxIterations) break;
+        if (beforeIteration && !beforeIteration()) break;
         const SweepChange change = sorSweep(convergence, stride, load.countX, load.countY, a, b, g, rhs);
         largest = change.change;
         if (counter % 100 == 0 && report) report(counter, change);

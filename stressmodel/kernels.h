@@ -27,7 +27,9 @@
 //                  the plate equation under `load` (its counts and width are
 //                  the plate's), fixed rim, until the
 //                  largest change of a sweep is within the tolerance or the
-//                  sweeps run out; `report` gets every hundredth iteration.
+//                  sweeps run out; `report` gets every hundredth iteration,
+//                  and `beforeIteration` (optional) is asked before each
+//                  one: false ends the sweeps there.
 //                  Returns the iteration counter (one more than the sweeps).
 //
 // Both sums are evaluated as separable sums: with T = (dx^2 + dy^2) / D the
@@ -96,6 +98,7 @@ struct SweepChange {
 // block with the given stride; `load` is a KernelField over the interior.
 int solveLoadedPlate(double* convergence, std::ptrdiff_t stride, const KernelField& load,
                      const PlateSettings& settings,
-                     const std::function<void(int iteration, const SweepChange& change)>& report = {});
+                     const std::function<void(int iteration, const SweepChange& change)>& report = {},
+                     const std::function<bool()>& beforeIteration = {});
 
 }  // namespace vorn

@@ -23,6 +23,19 @@
 #include "stressmodel/kernels.h"
 #include "stressmodel/materials.h"
 
+namespace vorn {
+// The unit text block of the `.out` file for a unit code.
+void printUnitSystem(TextWriter& out, int unitCode);
+
+// Origin, datum, block width and counts of a topographic grid.
+struct TopographicGridPlacement {
+    float x, y, z, width;
+    int countX, countY;
+};
+// The block "  TOPOGRAPHIC GRID DETAILS" of the `.out` file.
+void printTopographicGrid(TextWriter& out, const TopographicGridPlacement& grid);
+}  // namespace vorn
+
 // Timing and solution counts of one seam (slots 1..4) or of all (slot 0).
 struct ModelProfile {
     int64_t topographicSeconds = 0;

@@ -22,7 +22,9 @@ double bitsAsDouble(int64_t value)
     return result;
 }
 
-void printUnitSystem(vorn::TextWriter& out, int unitCode)
+}  // namespace
+
+void vorn::printUnitSystem(vorn::TextWriter& out, int unitCode)
 {
     out.printf("  The units system integer is: - %i\n", unitCode);
     out.write("  This means that the parameter values were input to the pre-processor in: \n");
@@ -46,6 +48,8 @@ void printUnitSystem(vorn::TextWriter& out, int unitCode)
     default: break;
     }
 }
+
+namespace {
 
 // The property lines of each material type, in slot order.
 const char* const kPropertyLines[7][5] = {
@@ -124,7 +128,7 @@ int CModelDat::PrintInput()
     out.printf("  NO. OF SEAMS          - %i\n", seamCount);
     out.printf("  NO. OF MATERIALS      - %i\n", materialCount);
     out.printf("  SYSTEM OF UNITS       - %i\n\n", unitCode);
-    printUnitSystem(out, unitCode);
+    vorn::printUnitSystem(out, unitCode);
 
     out.write("  IN_SEAM MATERIAL PROPERTIES\n\n");
     for (int m = 0; m < materialCount; ++m) PrintMaterial(out, m);

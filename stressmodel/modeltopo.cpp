@@ -67,14 +67,19 @@ int CModelDat::PrintTopographicGrid()
         AfxMessageBox("Error in Opening Output File - PTI1\n");
         return 1;
     }
-    out.write("  TOPOGRAPHIC GRID DETAILS\n\n");
-    out.printf("  X COORDINATE OF TOPOGRAPHIC GRID ORIGIN    -- %f\n", topoX);
-    out.printf("  Y COORDINATE OF TOPOGRAPHIC GRID ORIGIN    -- %f\n", topoY);
-    out.printf("  Z DATUM OF TOPOGRAPHIC GRID                -- %f\n", topoZ);
-    out.printf("  DISTANCE ABOVE SEAM 1 OF TOPOGRAPHIC DATUM -- %f\n", topoZ);
-    out.printf("  WIDTH OF TOPOGRAPHIC BLOCKS                -- %f\n", topoWidth);
-    out.printf("  NO. OF TOPOGRAPHIC BLOCKS ALONG X AXIS     -- %i\n", topoCountX);
-    out.printf("  NO. OF TOPOGRAPHIC BLOCKS ALONG Y AXIS     -- %i\n", topoCountY);
-    out.write("\n");
+    vorn::printTopographicGrid(out, {topoX, topoY, topoZ, topoWidth, topoCountX, topoCountY});
     return 0;
+}
+
+void vorn::printTopographicGrid(vorn::TextWriter& out, const TopographicGridPlacement& grid)
+{
+    out.write("  TOPOGRAPHIC GRID DETAILS\n\n");
+    out.printf("  X COORDINATE OF TOPOGRAPHIC GRID ORIGIN    -- %f\n", grid.x);
+    out.printf("  Y COORDINATE OF TOPOGRAPHIC GRID ORIGIN    -- %f\n", grid.y);
+    out.printf("  Z DATUM OF TOPOGRAPHIC GRID                -- %f\n", grid.z);
+    out.printf("  DISTANCE ABOVE SEAM 1 OF TOPOGRAPHIC DATUM -- %f\n", grid.z);
+    out.printf("  WIDTH OF TOPOGRAPHIC BLOCKS                -- %f\n", grid.width);
+    out.printf("  NO. OF TOPOGRAPHIC BLOCKS ALONG X AXIS     -- %i\n", grid.countX);
+    out.printf("  NO. OF TOPOGRAPHIC BLOCKS ALONG Y AXIS     -- %i\n", grid.countY);
+    out.write("\n");
 }
