@@ -336,13 +336,38 @@ void HostEditor::highlight(ObjectId id, bool on)
 int HostEditor::setProgressMeter(const std::string& label, int minPos, int maxPos)
 {
     meter_ = ProgressMeter{true, label, minPos, maxPos, minPos};
+    shownPercent_ = -1;
+    showMeter();
     return 0;
 }
 
 int HostEditor::setProgressMeterPos(int pos)
 {
     meter_.pos = pos;
+    showMeter();
     return 0;
+}
+
+// The meter on one terminal line, redrawn when the whole percentage moves.
+void HostEditor::showMeter()
+{
+    if (!progressOut_ || !meter_.shown) return;
+    int span = meter_.maxPos - meter_.minPos;
+    long long done = static_cast<long long>(meter_.pos) - meter_.minPos;
+    int percent = span > 0 ? static_cast<int>(std::clamp(done * 100 / span, 0LL, 100LL)) : 0;
+    if (percent == shownPercent_) return;
+    shownPercent_ = percent;
+    std::fprintf(progressOut_, "\r%s %3d%%", meter_.label.c_str(), percent);
+    std::fflush(progressOut_);
+}
+
+void HostEditor::restoreStatusBar()
+{
+    if (progressOut_ && meter_.shown) {
+        std::fprintf(progressOut_, "\r%*s\r", static_cast<int>(meter_.label.size()) + 5, "");
+        std::fflush(progressOut_);
+    }
+    meter_ = ProgressMeter{};
 }
 
 bool HostEditor::userBreak()

@@ -6,6 +6,7 @@
 // world coordinate system as user coordinate system.
 #pragma once
 
+#include <cstdio>
 #include <map>
 #include <set>
 #include <string>
@@ -62,7 +63,7 @@ public:
     void updateDisplay() override {}
     int setProgressMeter(const std::string& label, int minPos, int maxPos) override;
     int setProgressMeterPos(int pos) override;
-    void restoreStatusBar() override { meter_ = ProgressMeter{}; }
+    void restoreStatusBar() override;
     bool userBreak() override;
 
     int getVar(const std::string& name, ResultItem& out) override;
@@ -82,6 +83,8 @@ public:
     const std::vector<TempVector>& tempVectors() const { return tempVectors_; }
     const ProgressMeter& progressMeter() const { return meter_; }
     const std::set<ObjectId>& highlighted() const { return highlighted_; }
+    // Where the status bar meter shows itself (a terminal); null: nowhere.
+    void setProgressOutput(std::FILE* out) { progressOut_ = out; }
     // The folder of the drawing (DWGPREFIX), with its trailing separator.
     void setDrawingFolder(const std::string& folder) { drawingFolder_ = folder; }
     // Shows the whole drawing (or a unit square round the origin when empty).
@@ -111,6 +114,7 @@ private:
     std::string describe(const std::string& kind, const Options& options) const;
     bool numberAllowed(double value, const Options& options) const;
     int pickAt(const Point2d& point, ObjectId& idOut);
+    void showMeter();
     int selectByAnswer(const Answer& answer, const ResultBuffer& filter, SelectionSet& out);
     void setErrno(int value);
 
@@ -122,6 +126,8 @@ private:
     std::string lastPrompt_;
     std::vector<TempVector> tempVectors_;
     ProgressMeter meter_;
+    std::FILE* progressOut_ = nullptr;
+    int shownPercent_ = -1;
     std::set<ObjectId> highlighted_;
     std::string drawingFolder_;
     std::map<std::string, ResultItem> variables_;

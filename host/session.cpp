@@ -1,5 +1,7 @@
 #include "host/session.h"
 
+#include <unistd.h>
+
 namespace vorn {
 
 Session::Session(std::unique_ptr<DatabasePort> database) : database_(std::move(database))
@@ -34,6 +36,7 @@ bool Session::open(const SessionOptions& options, std::string& error)
     reporter_->setHasAnswers(options.answering != Answering::None);
     editor_ = std::make_unique<HostEditor>(*database_, answers_, *reporter_);
     editor_->setDrawingFolder(options.drawingFolder);
+    if (options.err && isatty(fileno(options.err))) editor_->setProgressOutput(options.err);
     ui_ = std::make_unique<HostUi>(answers_, transcript_, profile_, options.err);
     return true;
 }

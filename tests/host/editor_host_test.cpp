@@ -8,6 +8,7 @@
 #include "drawing/sysvars.h"
 #include "drawing/ui_port.h"
 #include "host/profile_ini.h"
+#include "shell/userbreak.h"
 #include "wrappers_fixture.h"
 
 namespace vorn {
@@ -135,6 +136,29 @@ TEST_F(EditorHost, UnitConversionFollowsTheVariables)
         acdbAngToS(std::acos(-1.0) / 4.0, 0, 1, text);
         EXPECT_EQ(text, "45.0");
     });
+}
+
+TEST_F(EditorHost, MeterAndUserBreak)
+{
+    std::FILE* terminal = std::tmpfile();
+    editor().setProgressOutput(terminal);
+    run([&] {
+        acedSetStatusBarProgressMeter("Building grid", 0, 200);
+        acedSetStatusBarProgressMeterPos(50);
+        acedSetStatusBarProgressMeterPos(51);  // still 25 %
+        EXPECT_EQ(editor().progressMeter().pos, 51);
+        EXPECT_FALSE(acedUsrBrk());
+        requestUserBreak();
+        EXPECT_TRUE(acedUsrBrk());
+        EXPECT_FALSE(acedUsrBrk());  // read once
+        acedRestoreStatusBar();
+    });
+    EXPECT_FALSE(editor().progressMeter().shown);
+    std::rewind(terminal);
+    char shown[128] = {};
+    size_t length = std::fread(shown, 1, sizeof shown - 1, terminal);
+    EXPECT_EQ(std::string(shown, length).substr(0, 38), "\rBuilding grid   0%\rBuilding grid  25%");
+    std::fclose(terminal);
 }
 
 TEST(Profile, IniFileKeepsSectionsAndDialogData)
