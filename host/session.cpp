@@ -2,6 +2,8 @@
 
 #include <unistd.h>
 
+#include "shell/userbreak.h"
+
 namespace vorn {
 
 Session::Session(std::unique_ptr<DatabasePort> database) : database_(std::move(database))
@@ -31,6 +33,7 @@ bool Session::open(const SessionOptions& options, std::string& error)
             if (err) std::fprintf(err, "%s\n", message.c_str());
         });
     }
+    installUserBreakHandler();
     profile_ = IniProfile(options.profilePath.value_or(IniProfile::defaultPath()));
     reporter_ = std::make_unique<HostReporter>(answers_, transcript_, options.out, options.err);
     reporter_->setHasAnswers(options.answering != Answering::None);
@@ -47,6 +50,7 @@ int Session::run(const std::function<int()>& command)
 {
     int status = 1;
     scriptError_.clear();
+    clearUserBreak();  // a Ctrl-C between commands breaks nothing
     {
         ScopedPlatform installedPlatform(platform());
         ScopedReporter installedReporter(*reporter_);

@@ -52,8 +52,8 @@ public:
     Session(const Session&) = delete;
     Session& operator=(const Session&) = delete;
 
-    // Sets up answers, profile and output; false with `error` when the
-    // script cannot be read.
+    // Sets up answers, profile and output, and makes Ctrl-C the user break;
+    // false with `error` when the script cannot be read.
     bool open(const SessionOptions& options, std::string& error);
 
     // The panel host (the panel driver of the shell); not owned.
