@@ -59,6 +59,7 @@ public:
 
     void grDraw(const Point3d& from, const Point3d& to, int color, int highlight) override;
     void highlight(ObjectId id, bool on) override;
+    void grText(int box, const std::string& text) override { statusText_ = text; }
     void redraw() override { tempVectors_.clear(); }
     void updateDisplay() override {}
     int setProgressMeter(const std::string& label, int minPos, int maxPos) override;
@@ -83,6 +84,8 @@ public:
     const std::vector<TempVector>& tempVectors() const { return tempVectors_; }
     const ProgressMeter& progressMeter() const { return meter_; }
     const std::set<ObjectId>& highlighted() const { return highlighted_; }
+    // The text last written to the status area.
+    const std::string& statusText() const { return statusText_; }
     // Where the status bar meter shows itself (a terminal); null: nowhere.
     void setProgressOutput(std::FILE* out) { progressOut_ = out; }
     // The folder of the drawing (DWGPREFIX), with its trailing separator.
@@ -129,6 +132,7 @@ private:
     std::FILE* progressOut_ = nullptr;
     int shownPercent_ = -1;
     std::set<ObjectId> highlighted_;
+    std::string statusText_;
     std::string drawingFolder_;
     std::map<std::string, ResultItem> variables_;
     View view_;

@@ -161,6 +161,29 @@ TEST_F(EditorHost, MeterAndUserBreak)
     std::fclose(terminal);
 }
 
+TEST_F(EditorHost, ColourDialogTakesAnIndexAndThePaletteIsStandard)
+{
+    answer("5\n256\n<esc>\n");
+    run([&] {
+        int color = 3;
+        EXPECT_TRUE(acedSetColorDialogTrueColor(color, false, 7));
+        EXPECT_EQ(color, 5);
+        EXPECT_TRUE(acedSetColorDialogTrueColor(color, true, 7));
+        EXPECT_EQ(color, 256);
+        EXPECT_FALSE(acedSetColorDialogTrueColor(color, false, 7));
+        EXPECT_EQ(color, 256);
+        acedGrText(-1, "Cell(1,2) Value: 3.00", 0);
+    });
+    EXPECT_EQ(editor().statusText(), "Cell(1,2) Value: 3.00");
+    EXPECT_NE(transcript().find("[colour dialog starting on 3 -> 5]"), std::string::npos) << transcript();
+    EXPECT_EQ(acedGetRGB(1), 0x0000FFul);
+    EXPECT_EQ(acedGetRGB(13), 0x5252A5ul);  // 165, 82, 82
+    EXPECT_EQ(acedGetRGB(21), 0x7F9FFFul);  // 255, 159, 127
+    EXPECT_EQ(acedGetRGB(140), 0xFFBF00ul);  // 0, 191, 255
+    EXPECT_EQ(acedGetRGB(250), 0x333333ul);
+    EXPECT_EQ(acedGetRGB(0), 0ul);
+}
+
 TEST(Profile, IniFileKeepsSectionsAndDialogData)
 {
     std::string path = (std::filesystem::temp_directory_path() / "vorn_profile_test" / "profile.ini").string();
