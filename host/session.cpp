@@ -27,7 +27,7 @@ bool Session::open(const SessionOptions& options, std::string& error)
         if (!script) return false;
         answers_.setSource(std::move(script));
     } else if (options.answering == Answering::Terminal) {
-        answers_.setSource(std::make_unique<TerminalSource>());
+        answers_.setSource(std::make_unique<TerminalSource>(options.in));
         std::FILE* err = options.err;
         answers_.setComplain([err](const std::string& message) {
             if (err) std::fprintf(err, "%s\n", message.c_str());

@@ -41,6 +41,7 @@ struct SessionOptions {
     // string keeps the profile in memory.
     std::optional<std::string> profilePath;
     std::string drawingFolder;   // DWGPREFIX, with its trailing separator
+    std::FILE* in = stdin;       // Terminal: where the typed lines come from
     std::FILE* out = stdout;     // command line (null: quiet)
     std::FILE* err = stderr;     // message boxes, script errors (null: quiet)
 };

@@ -250,3 +250,39 @@ TEST(SessionRun, TranscriptFileHoldsPromptsAndAnswers)
 
 }  // namespace
 }  // namespace vorn
+
+namespace vorn {
+namespace {
+
+TEST(SessionRun, TerminalAnswersAreAskedAgainWhenWrong)
+{
+    std::FILE* typed = std::tmpfile();
+    std::FILE* errors = std::tmpfile();
+    std::fputs("Maybe\ny\n", typed);
+    std::rewind(typed);
+    Session session(std::make_unique<host::HostDatabase>());
+    SessionOptions options;
+    options.answering = SessionOptions::Answering::Terminal;
+    options.in = typed;
+    options.profilePath = "";
+    options.out = nullptr;
+    options.err = errors;
+    std::string error;
+    ASSERT_TRUE(session.open(options, error));
+    std::string word;
+    EXPECT_EQ(session.run([&word] {
+        acedInitGet(0, "Yes No");
+        return acedGetKword("\nDelete? [Yes/<No>]:", word);
+    }),
+              RTNORM);
+    EXPECT_EQ(word, "Yes");
+    std::rewind(errors);
+    char shown[256] = {};
+    std::string complaint(shown, std::fread(shown, 1, sizeof shown - 1, errors));
+    EXPECT_NE(complaint.find("terminal line 1: \"Maybe\": the system asked for a keyword (Yes, No)"), std::string::npos) << complaint;
+    std::fclose(typed);
+    std::fclose(errors);
+}
+
+}  // namespace
+}  // namespace vorn
