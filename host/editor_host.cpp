@@ -99,6 +99,11 @@ Answer HostEditor::ask(const std::string& prompt, const std::string& what, const
 std::string HostEditor::describe(const std::string& kind, const Options& options) const
 {
     std::string text = kind.empty() ? std::string("a keyword") : kind;
+    if (!kind.empty() && (options.bits & (RSG_NOZERO | RSG_NONEG))) {
+        text += (options.bits & RSG_NOZERO) ? " (not zero" : " (";
+        if (options.bits & RSG_NONEG) text += (options.bits & RSG_NOZERO) ? ", not negative" : "not negative";
+        text += ")";
+    }
     if (!options.keywords.empty()) {
         text += kind.empty() ? " (" : " or a keyword (";
         for (size_t i = 0; i < options.keywords.size(); ++i) text += (i ? ", " : "") + options.keywords[i].word;
@@ -155,14 +160,29 @@ int HostEditor::getDist(const Point3d* base, const std::string& prompt, double& 
 {
     Options options = takeOptions();
     bool inPlan = (options.bits & RSG_2D) != 0;
-    auto valueOf = [&](const Answer& a) { return a.kind == Kind::Number ? a.number : distanceBetween(*base, pointOf(a), inPlan); };
     auto isValue = [&](const Answer& a) {
-        bool given = a.kind == Kind::Number || (a.kind == Kind::Point && base);
-        return given && numberAllowed(valueOf(a), options);
+        if (a.kind == Kind::Number) return numberAllowed(a.number, options);
+        if (a.kind != Kind::Point) return false;
+        return !base || numberAllowed(distanceBetween(*base, pointOf(a), inPlan), options);
     };
     Answer answer;
-    int status = askFor(prompt, base ? "a distance or a point" : "a distance", options, isValue, answer);
-    if (status == RTNORM) out = valueOf(answer);
+    int status = askFor(prompt, "a distance or a point", options, isValue, answer);
+    if (status != RTNORM) return status;
+    if (answer.kind == Kind::Number) {
+        out = answer.number;
+        return status;
+    }
+    if (base) {
+        out = distanceBetween(*base, pointOf(answer), inPlan);
+        return status;
+    }
+    // A first point without a base point: the distance runs to a second one.
+    Point3d first = pointOf(answer);
+    auto isSecond = [&](const Answer& a) { return a.kind == Kind::Point && numberAllowed(distanceBetween(first, pointOf(a), inPlan), options); };
+    Options plain;
+    plain.bits = RSG_NONULL;
+    status = askFor("\nSpecify second point: ", "a second point", plain, isSecond, answer);
+    if (status == RTNORM) out = distanceBetween(first, pointOf(answer), inPlan);
     return status;
 }
 

@@ -39,7 +39,7 @@ TEST_F(EditorHost, PicksByPointWithinTheAperture)
 
 TEST_F(EditorHost, KeywordsAndBitsOfThePromptFamily)
 {
-    answer("k\n7,8\n<enter>\n12\n3,4\n-2\n90\nwhatever\n");
+    answer("k\n7,8\n<enter>\n12\n3,4\n-2\n1,1\n4,5\n90\nwhatever\n");
     run([&] {
         Point3d point;
         std::string word;
@@ -59,6 +59,8 @@ TEST_F(EditorHost, KeywordsAndBitsOfThePromptFamily)
         EXPECT_DOUBLE_EQ(value, 5.0);  // in plan
         EXPECT_EQ(acedGetDist(nullptr, "\nDistance:", value), RTNORM);  // no bits now
         EXPECT_DOUBLE_EQ(value, -2.0);
+        EXPECT_EQ(acedGetDist(nullptr, "\nDistance:", value), RTNORM);  // from a first to a second point
+        EXPECT_DOUBLE_EQ(value, 5.0);
         EXPECT_EQ(acedGetOrient(nullptr, "\nAngle:", value), RTNORM);
         EXPECT_NEAR(value, std::acos(-1.0) / 2.0, 1e-12);
         acedInitGet(RSG_OTHER, "Keep");
@@ -77,7 +79,7 @@ TEST_F(EditorHost, BitsRefuseAnswersInAScript)
         acedGetDist(nullptr, "\nInput the size of a cell:", value);
     });
     EXPECT_EQ(status, 1);
-    EXPECT_NE(session().scriptError().find("a distance or <enter> at \"Input the size of a cell:\""), std::string::npos)
+    EXPECT_NE(session().scriptError().find("a distance or a point (not zero) or <enter> at \"Input the size of a cell:\""), std::string::npos)
         << session().scriptError();
 
     answer("<enter>\n");
