@@ -17,7 +17,7 @@ using Kind = Answer::Kind;
 
 constexpr double kScreenWidth = 1024.0;
 constexpr double kScreenHeight = 768.0;
-constexpr double kPickBoxPixels = 3.0;
+constexpr int kPickBoxPixels = 3;
 
 std::string upper(std::string text)
 {
@@ -49,7 +49,7 @@ double distanceBetween(const Point3d& a, const Point3d& b, bool inPlan)
 
 bool isShortVariable(const std::string& name)
 {
-    static const char* const names[] = {"CMDECHO", "DYNMODE", "ERRNO", "LUNITS", "LUPREC", "AUNITS", "AUPREC", "PICKBOX"};
+    static const char* const names[] = {"CMDECHO", "PICKBOX", "DYNMODE", "ERRNO", "LUNITS", "LUPREC", "AUNITS", "AUPREC"};
     return std::any_of(std::begin(names), std::end(names), [&name](const char* n) { return name == n; });
 }
 
@@ -58,14 +58,9 @@ bool isShortVariable(const std::string& name)
 HostEditor::HostEditor(DatabasePort& database, Answers& answers, HostReporter& reporter)
     : database_(database), answers_(answers), reporter_(reporter)
 {
-    for (const char* name : {"CMDECHO", "PICKBOX"}) variables_[name] = ResultItem::ofInt(RTSHORT, 1);
-    variables_["PICKBOX"].integer = static_cast<int>(kPickBoxPixels);
-    variables_["DYNMODE"] = ResultItem::ofInt(RTSHORT, 3);
-    variables_["ERRNO"] = ResultItem::ofInt(RTSHORT, 0);
-    variables_["LUNITS"] = ResultItem::ofInt(RTSHORT, 2);
-    variables_["LUPREC"] = ResultItem::ofInt(RTSHORT, 4);
-    variables_["AUNITS"] = ResultItem::ofInt(RTSHORT, 0);
-    variables_["AUPREC"] = ResultItem::ofInt(RTSHORT, 0);
+    const std::pair<const char*, int> shorts[] = {{"CMDECHO", 1}, {"PICKBOX", kPickBoxPixels}, {"DYNMODE", 3}, {"ERRNO", 0},
+                                                  {"LUNITS", 2},  {"LUPREC", 4},                {"AUNITS", 0},  {"AUPREC", 0}};
+    for (const auto& [name, value] : shorts) variables_[name] = ResultItem::ofInt(RTSHORT, value);
     variables_["ELEVATION"] = ResultItem::ofReal(RTREAL, 0.0);
     zoomExtents();
 }
@@ -75,7 +70,6 @@ HostEditor::HostEditor(DatabasePort& database, Answers& answers, HostReporter& r
 int HostEditor::initGet(int bits, const std::string& keywords)
 {
     pending_.bits = bits;
-    pending_.keywordText = keywords;
     pending_.keywords = parseKeywords(keywords);
     return RTNORM;
 }
@@ -89,7 +83,6 @@ HostEditor::Options HostEditor::takeOptions()
 
 Answer HostEditor::ask(const std::string& prompt, const std::string& what, const std::function<bool(const Answer&)>& accept)
 {
-    lastPrompt_ = prompt;
     reporter_.print(prompt);
     Answer answer = answers_.next(formatString("%s at \"%s\"", what.c_str(), oneLine(prompt).c_str()), accept);
     reporter_.echoAnswer(answer.line.number == 0 ? std::string("<esc>") : answer.text());

@@ -99,7 +99,6 @@ private:
     struct Options {
         int bits = 0;
         std::vector<Keyword> keywords;
-        std::string keywordText;
     };
     struct View {
         Point3d center;
@@ -126,7 +125,6 @@ private:
     HostReporter& reporter_;
     Options pending_;
     std::string lastInput_;
-    std::string lastPrompt_;
     std::vector<TempVector> tempVectors_;
     ProgressMeter meter_;
     std::FILE* progressOut_ = nullptr;
