@@ -27,22 +27,19 @@ bool HostUi::fileDialog(const FileDialogRequest& request, std::string& pathOut)
         std::fflush(err_);
     }
     bool mustExist = request.forOpen && (request.flags & OFN_FILEMUSTEXIST);
-    Answer answer = answers_.next(formatString("a file (file PATH or file <esc>) for the dialog \"%s\" (%s)", title.c_str(),
-                                               request.filter.c_str()),
-                                  [&](const Answer& a) {
-                                      bool typedPath = interactive && a.kind == Answer::Kind::Text;
-                                      return a.kind == Answer::Kind::File || typedPath;
-                                  });
-    std::string path = answer.kind == Answer::Kind::File ? answer.path : answer.text();
+    auto pathOf = [](const Answer& a) { return a.kind == Answer::Kind::File ? a.path : a.text(); };
+    auto isChoice = [&](const Answer& a) {
+        bool typedPath = interactive && a.kind == Answer::Kind::Text;
+        if (a.kind != Answer::Kind::File && !typedPath) return false;
+        return a.fileCancelled || !mustExist || std::filesystem::exists(pathOf(a));
+    };
+    std::string asked = formatString("%s for the dialog \"%s\" (%s)", mustExist ? "an existing file (file PATH) or file <esc>" : "file PATH or file <esc>",
+                                     title.c_str(), request.filter.c_str());
+    Answer answer = answers_.next(asked, isChoice);
     bool cancelled = answer.kind == Answer::Kind::Esc || answer.fileCancelled;
-    if (!cancelled && mustExist && !std::filesystem::exists(path)) {
-        answers_.reject(answer.line, "the file does not exist");
-        transcript_.fileDialog(title, request.filter, "<esc>");
-        return false;
-    }
-    transcript_.fileDialog(title, request.filter, cancelled ? std::string("<esc>") : path);
+    transcript_.fileDialog(title, request.filter, cancelled ? std::string("<esc>") : pathOf(answer));
     if (cancelled) return false;
-    pathOut = path;
+    pathOut = pathOf(answer);
     return true;
 }
 
