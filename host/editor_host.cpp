@@ -293,7 +293,8 @@ int HostEditor::selectByAnswer(const Answer& answer, const ResultBuffer& filter,
         SelectionQuery onLayers;
         onLayers.filter = {ResultItem::ofText(8, select.layers)};
         std::vector<ObjectId> layered = database_.select(onLayers);
-        std::erase_if(out.ids, [&layered](ObjectId id) { return std::find(layered.begin(), layered.end(), id) == layered.end(); });
+        std::sort(layered.begin(), layered.end());
+        std::erase_if(out.ids, [&layered](ObjectId id) { return !std::binary_search(layered.begin(), layered.end(), id); });
     }
     return out.ids.empty() ? RTERROR : RTNORM;
 }
