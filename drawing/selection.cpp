@@ -1,5 +1,8 @@
 #include "drawing/selection.h"
 
+#include <cstdint>
+#include <unordered_set>
+
 #include "drawing/layers.h"
 #include "shell/report.h"
 
@@ -49,9 +52,11 @@ void selectionToIds(const SelectionSet& set, std::vector<ObjectId>& idsOut)
 
 void idsToSelection(const std::vector<ObjectId>& ids, SelectionSet& setOut)
 {
+    // A set holds each entity once; the hash keeps long lists linear.
     setOut.ids.clear();
+    std::unordered_set<std::uint64_t> members;
     for (ObjectId id : ids) {
-        if (id.isValid()) acedSSAdd(id, setOut);
+        if (id.isValid() && members.insert(id.value).second) setOut.ids.push_back(id);
     }
 }
 
