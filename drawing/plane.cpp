@@ -27,9 +27,9 @@ std::vector<Point2d> withoutRepeats(const std::vector<Point2d>& pts, double tol)
 {
     std::vector<Point2d> out;
     for (const Point2d& p : pts)
-        if (out.empty() || !pointsEqual(out.back(), p, tol))
+        if (out.empty() || !out.back().isEqualTo(p, tol))
             out.push_back(p);
-    while (out.size() > 1 && pointsEqual(out.front(), out.back(), tol))
+    while (out.size() > 1 && out.front().isEqualTo(out.back(), tol))
         out.pop_back();
     return out;
 }
@@ -87,11 +87,6 @@ std::vector<Point2d> clipByEdge(const std::vector<Point2d>& in, const Point2d& a
 
 }  // namespace
 
-bool pointsEqual(const Point2d& a, const Point2d& b, double tol)
-{
-    return length(minus(a, b)) <= tol;
-}
-
 bool Segment2d::isOn(const Point2d& p, double tol) const
 {
     Point2d edge = minus(end, start);
@@ -99,7 +94,7 @@ bool Segment2d::isOn(const Point2d& p, double tol) const
     double t = len2 > 0.0 ? dot(minus(p, start), edge) / len2 : 0.0;
     t = t < 0.0 ? 0.0 : (t > 1.0 ? 1.0 : t);
     Point2d nearest{start.x + t * edge.x, start.y + t * edge.y};
-    return pointsEqual(p, nearest, tol);
+    return p.isEqualTo(nearest, tol);
 }
 
 bool Ray2d::isOn(const Point2d& p, double tol) const

@@ -1,19 +1,12 @@
-// Plane primitives the polygon operations stand on: the global point
-// tolerance, a ray and a segment with their "is on" and intersection tests,
+// Plane primitives the polygon operations stand on: a ray and a segment with their "is on" and intersection tests,
 // and a convex polygon clipper.
 #pragma once
 
 #include <vector>
 
-#include "drawing/geometry_types.h"
+#include "drawing/geom_types.h"
 
 namespace vorn {
-
-// Absolute tolerance for point equality and for a point lying on a curve.
-inline constexpr double kPointTolerance = 1e-10;
-
-// True when the two points are no farther apart than the tolerance.
-bool pointsEqual(const Point2d& a, const Point2d& b, double tol = kPointTolerance);
 
 // A segment from `start` to `end`.
 struct Segment2d {

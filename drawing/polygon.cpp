@@ -103,7 +103,7 @@ double clipPolygonArea(const std::vector<Point2d>& clip, const std::vector<Point
     if (clip.size() < 3 || polygon.size() < 3)
         return 0.0;
     std::vector<Point2d> boundary = clip;
-    if (!vorn::pointsEqual(boundary.front(), boundary.back()))
+    if (!boundary.front().isEqualTo(boundary.back()))
         boundary.push_back(boundary.front());
     std::vector<Point2d> subject = polygon;
     subject.push_back(subject.front());

@@ -6,7 +6,7 @@
 
 #include <vector>
 
-#include "drawing/geometry_types.h"
+#include "drawing/geom_types.h"
 
 namespace vorn {
 
