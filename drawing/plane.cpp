@@ -57,32 +57,26 @@ bool hasNoWidth(const std::vector<Point2d>& pts, double tol)
     return true;
 }
 
-// Signed distance of p from the line a-b, positive on the left.
-double sideOf(const Point2d& p, const Point2d& a, const Point2d& b)
+// One Sutherland-Hodgman pass: keeps what lies on the inner side of the
+// edge (a point within the tolerance outside counts as inside).
+void clipByEdge(const std::vector<Point2d>& in, std::vector<Point2d>& out, const ClipEdge& edge)
 {
-    Point2d edge = minus(b, a);
-    return cross(edge, minus(p, a)) / length(edge);
-}
-
-// One Sutherland-Hodgman pass: keeps what lies left of the edge a-b.
-std::vector<Point2d> clipByEdge(const std::vector<Point2d>& in, const Point2d& a, const Point2d& b)
-{
-    std::vector<Point2d> out;
-    for (size_t i = 0; i < in.size(); ++i) {
-        const Point2d& s = in[(i + in.size() - 1) % in.size()];
-        const Point2d& e = in[i];
-        double ds = sideOf(s, a, b);
-        double de = sideOf(e, a, b);
+    out.clear();
+    const Point2d* s = &in.back();
+    double ds = edge.distance(*s);
+    for (const Point2d& e : in) {
+        double de = edge.distance(e);
         bool sInside = ds >= -kPointTolerance;
         bool eInside = de >= -kPointTolerance;
-        if (sInside != eInside && std::fabs(ds - de) > 0.0) {
+        if (sInside != eInside) {
             double t = ds / (ds - de);
-            out.push_back({s.x + t * (e.x - s.x), s.y + t * (e.y - s.y)});
+            out.push_back({s->x + t * (e.x - s->x), s->y + t * (e.y - s->y)});
         }
         if (eInside)
             out.push_back(e);
+        s = &e;
+        ds = de;
     }
-    return out;
 }
 
 }  // namespace
@@ -124,25 +118,40 @@ bool Ray2d::intersectWith(const Segment2d& segment, double tol) const
            (alongEdge - 1.0) * edgeLength <= tol;
 }
 
+double ClipEdge::distance(const Point2d& p) const
+{
+    return (p.x - origin.x) * normal.x + (p.y - origin.y) * normal.y;
+}
+
 bool ClipBoundary2d::set(const std::vector<Point2d>& boundary)
 {
-    corners_ = withoutRepeats(boundary, kPointTolerance);
-    if (corners_.size() < 3 || hasNoWidth(corners_, kPointTolerance)) {
-        corners_.clear();
+    edges_.clear();
+    std::vector<Point2d> corners = withoutRepeats(boundary, kPointTolerance);
+    if (corners.size() < 3 || hasNoWidth(corners, kPointTolerance))
         return false;
+    if (doubleSignedArea(corners) < 0.0)
+        std::reverse(corners.begin(), corners.end());
+    for (size_t i = 0; i < corners.size(); ++i) {
+        Point2d along = minus(corners[(i + 1) % corners.size()], corners[i]);
+        double len = length(along);
+        edges_.push_back({corners[i], {-along.y / len, along.x / len}});
     }
-    if (doubleSignedArea(corners_) < 0.0)
-        std::reverse(corners_.begin(), corners_.end());
     return true;
 }
 
 std::vector<Point2d> ClipBoundary2d::clipPolygon(const std::vector<Point2d>& polygon) const
 {
-    if (corners_.empty())
+    if (edges_.empty())
         return {};
-    std::vector<Point2d> result = polygon;
-    for (size_t i = 0; i < corners_.size() && !result.empty(); ++i)
-        result = clipByEdge(result, corners_[i], corners_[(i + 1) % corners_.size()]);
+    if (polygon.empty())
+        return {};
+    std::vector<Point2d> result;
+    std::vector<Point2d> next;
+    clipByEdge(polygon, result, edges_[0]);
+    for (size_t i = 1; i < edges_.size() && !result.empty(); ++i) {
+        clipByEdge(result, next, edges_[i]);
+        result.swap(next);
+    }
     if (hasNoWidth(withoutRepeats(result, kPointTolerance), kPointTolerance))
         return {};
     return result;

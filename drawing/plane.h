@@ -27,6 +27,15 @@ struct Ray2d {
     bool intersectWith(const Segment2d& segment, double tol = kPointTolerance) const;
 };
 
+// One side of a clip boundary: a corner and the unit normal pointing inward.
+struct ClipEdge {
+    Point2d origin;
+    Point2d normal;
+
+    // Signed distance of p from the edge's line, positive inside.
+    double distance(const Point2d& p) const;
+};
+
 // A closed convex boundary that cuts polygons. The boundary may repeat its
 // first point and may run either way round.
 class ClipBoundary2d {
@@ -38,7 +47,7 @@ public:
     std::vector<Point2d> clipPolygon(const std::vector<Point2d>& polygon) const;
 
 private:
-    std::vector<Point2d> corners_;  // counter-clockwise, no repeated points
+    std::vector<ClipEdge> edges_;  // counter-clockwise
 };
 
 }  // namespace vorn

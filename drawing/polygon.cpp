@@ -1,5 +1,6 @@
 #include "drawing/polygon.h"
 
+#include <algorithm>
 #include <cmath>
 #include <utility>
 
@@ -30,6 +31,16 @@ bool vertexOnRayCrosses(const std::vector<Point2d>& polygon, size_t k, const Poi
     Point2d c = relativeTo(cAbsolute, point);
     Point2d d = relativeTo(polygon[(k + 3) % n], point);
     return turn(b, a) * turn(c, b) > 0.0 || turn(d, c) * turn(c, a) > 0.0;
+}
+
+// True when the edge lies wholly above, below or behind the point's ray
+// beyond the tolerance: then it neither holds the point, nor meets the ray,
+// nor ends on it, and the exact tests can be spared.
+bool isBehindOrBeside(const vorn::Segment2d& edge, const Point2d& point)
+{
+    const double tol = vorn::kPointTolerance;
+    return std::min(edge.start.y, edge.end.y) - tol > point.y || std::max(edge.start.y, edge.end.y) + tol < point.y ||
+           std::max(edge.start.x, edge.end.x) + tol < point.x;
 }
 
 // Half the absolute shoelace sum over (x[i-1] - x[i+1]) * y[i].
@@ -86,6 +97,8 @@ bool pointInPolygon(const std::vector<Point2d>& polygon, const Point2d& point)
     int crossings = 0;
     for (size_t k = 0; k < n; ++k) {
         vorn::Segment2d edge{polygon[k], polygon[(k + 1) % n]};
+        if (isBehindOrBeside(edge, point))
+            continue;
         if (edge.isOn(point))
             return true;
         if (ray.intersectWith(edge))
