@@ -67,10 +67,10 @@ Entity polylineThrough(const std::vector<Point2d>& points, bool closed)
 }
 
 // The source's vertices in plan as the temporary polyline that is offset;
-// false below 2 points.
-bool offsetSource(ObjectId id, std::vector<Point2d>& points, Entity& polyline)
+// false for a distance of no length and below 2 points.
+bool offsetSource(ObjectId id, double distance, std::vector<Point2d>& points, Entity& polyline)
 {
-    if (getEntityVertices2d(id, points) < 2)
+    if (std::fabs(distance) < vorn::kOverlapTolerance || getEntityVertices2d(id, points) < 2)
         return false;
     polyline = polylineThrough(points, false);
     return true;
@@ -250,7 +250,7 @@ bool makeOffsetBoundary(ObjectId id, double distance, Entity& polylineOut)
 {
     std::vector<Point2d> points;
     Entity source;
-    if (std::fabs(distance) < vorn::kOverlapTolerance || !offsetSource(id, points, source))
+    if (!offsetSource(id, distance, points, source))
         return false;
     if (isClockwise(points))
         distance = -distance;
@@ -265,7 +265,7 @@ bool makeCenterLineBoundary(ObjectId id, double distance, Entity& polylineOut)
 {
     std::vector<Point2d> points;
     Entity source;
-    if (std::fabs(distance) < vorn::kOverlapTolerance || !offsetSource(id, points, source))
+    if (!offsetSource(id, distance, points, source))
         return false;
     std::vector<Entity> sideA = offsetCurves(source, distance);
     std::vector<Entity> sideB = offsetCurves(source, -distance);
