@@ -5,6 +5,7 @@
 
 #include "drawing/database_port.h"
 #include "drawing/platform.h"
+#include "drawing/tempgraphics.h"
 
 using vorn::Entity;
 using vorn::LwPolyline;
@@ -84,6 +85,7 @@ bool uniteSameColor(Entity& merged, ObjectId later)
         return false;
     database()->writeEntity(partner);
     database()->writeEntity(merged);
+    flushGraphics();
     return true;
 }
 
