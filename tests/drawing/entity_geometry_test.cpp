@@ -88,9 +88,6 @@ TEST_F(DrawingTest, VerticesByIdInPlan)
     EXPECT_EQ(getEntityVertices2d(addPolyline(square(0, 0, 2), true, 5.0), pts), 5);
     EXPECT_EQ(pts.front(), pts.back());
     EXPECT_EQ(getEntityVertices2d(ObjectId{}, pts), 0);
-    std::vector<vorn::Point3d> pts3;
-    EXPECT_EQ(getEntityVertices(addPolyline(square(0, 0, 2), true, 5.0), pts3), 5);
-    EXPECT_EQ(pts3[2].z, 5.0);
 }
 
 TEST_F(DrawingTest, CurveAreaAndClosure)
