@@ -15,7 +15,10 @@ inline constexpr double kOverlapTolerance = 1e-10;
 
 }  // namespace vorn
 
-// True when `point` lies inside `polygon` or on one of its edges; a list of
+// True when `point` lies on an edge of `polygon`, or when a ray from it along
+// +x crosses the outline an odd number of times: every edge the ray meets
+// counts (both edges at a vertex the ray passes through), and an edge lying
+// along the ray is judged by the turns at the vertices after it. A list of
 // fewer than 3 points contains nothing.
 bool pointInPolygon(const std::vector<vorn::Point2d>& polygon, const vorn::Point2d& point);
 
