@@ -1,6 +1,9 @@
 #include "drawing/drawing_helpers.h"
 
+#include <algorithm>
+
 #include "drawing/database_port.h"
+#include "drawing/entity_geometry.h"
 #include "drawing/platform.h"
 #include "drawing/tempgraphics.h"
 #include "shell/textnum.h"
@@ -62,6 +65,18 @@ bool setEntityColorLayer(ObjectId id, int color, const std::string& layer)
     entity.common.colorIndex = color;
     if (!layer.empty()) entity.common.layer = layer;
     return database().writeEntity(entity) == vorn::eOk;
+}
+
+bool getEntityBounds(ObjectId id, vorn::Point2d& lowerOut, vorn::Point2d& upperOut)
+{
+    std::vector<vorn::Point2d> vertices;
+    if (getEntityVertices2d(id, vertices) < 1) return false;
+    lowerOut = upperOut = vertices.front();
+    for (const vorn::Point2d& p : vertices) {
+        lowerOut = {std::min(lowerOut.x, p.x), std::min(lowerOut.y, p.y)};
+        upperOut = {std::max(upperOut.x, p.x), std::max(upperOut.y, p.y)};
+    }
+    return true;
 }
 
 const char* unitName(int code, int system)

@@ -22,6 +22,10 @@ bool getEntityColorLayer(vorn::ObjectId id, int& colorOut, std::string& layerOut
 // Writes the colour, and the layer when `layer` is not empty.
 bool setEntityColorLayer(vorn::ObjectId id, int color, const std::string& layer);
 
+// The smallest and largest x and y over the entity's vertices; false when
+// it has none.
+bool getEntityBounds(vorn::ObjectId id, vorn::Point2d& lowerOut, vorn::Point2d& upperOut);
+
 // The unit of a grid value: for system 1 lengths ("ft.", "m", "in."), for
 // other systems stresses ("Pa", "MPa", "psi").
 const char* unitName(int code, int system);

@@ -117,6 +117,29 @@ TEST_F(CreateWrappers, MoveDragTranslatesFromTheBasePoint)
     EXPECT_NE(transcript().find("\nNew position:30,40\n"), std::string::npos);
 }
 
+TEST_F(CreateWrappers, EntityColourLayerAndBounds)
+{
+    ObjectId square = addSquare("A", 5, -2);
+    ObjectId text;
+    run([&] {
+        int color = 0;
+        std::string layer;
+        EXPECT_TRUE(setEntityColorLayer(square, 3, ""));
+        EXPECT_TRUE(getEntityColorLayer(square, color, layer));
+        EXPECT_EQ(color, 3);
+        EXPECT_EQ(layer, "A");
+        Point2d lower, upper;
+        EXPECT_TRUE(getEntityBounds(square, lower, upper));
+        EXPECT_EQ(lower, (Point2d{5, -2}));
+        EXPECT_EQ(upper, (Point2d{15, 8}));
+        Entity label;
+        label.shape = Text{{0, 0, 0}, 1.0, 0.0, "x"};
+        appendToModelSpace(text, label);
+        EXPECT_FALSE(getEntityBounds(text, lower, upper));
+        EXPECT_FALSE(getEntityColorLayer(ObjectId{}, color, layer));
+    });
+}
+
 TEST(SmallHelpers, SplitFieldsSqueezesBlanks)
 {
     std::vector<std::string> fields{"old"};
