@@ -61,8 +61,8 @@ struct SelectionSet {
 };
 
 // The keyword callback of an interactive selection: called with the keyword
-// the user chose; it may return a set to take as the selection (a null chain
-// otherwise).
+// the user chose; true with a set to take as the selection, false for none
+// (the selection prompt comes again).
 using SelectionKeywordCallback = std::function<bool(const std::string& keyword, SelectionSet& setOut)>;
 
 // An interactive selection (acedSSGet without a selection mode letter, or
@@ -94,7 +94,8 @@ public:
     virtual int initGet(int bits, const std::string& keywords) = 0;
     virtual int getPoint(const Point3d* base, const std::string& prompt, Point3d& out) = 0;
     virtual int getCorner(const Point3d& base, const std::string& prompt, Point3d& out) = 0;
-    // A distance typed, or the distance from `base` to a point given.
+    // A distance typed, or the distance from `base` to a point given (from
+    // a first to a second point without a base).
     virtual int getDist(const Point3d* base, const std::string& prompt, double& out) = 0;
     // An angle in radians (typed in degrees), or the direction from `base`
     // to a point given.
