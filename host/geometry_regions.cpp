@@ -296,7 +296,7 @@ double hatchArea(const Hatch& hatch)
             bg::correct(other);
             if (bg::within(BgPoint{rings[i][0].x, rings[i][0].y}, other)) ++depth;
         }
-        double a = std::abs(ringArea(rings[i]));
+        double a = std::abs(signedArea(hatchLoopPath(hatch.loops[i])));
         area += depth % 2 == 0 ? a : -a;
     }
     return area;

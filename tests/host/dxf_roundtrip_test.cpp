@@ -3,6 +3,7 @@
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
+#include <map>
 #include <numbers>
 
 #include <gtest/gtest.h>
@@ -322,6 +323,63 @@ TEST(DxfLoad, ForeignKindsAreCountedNotRead)
     ASSERT_EQ(db.modelSpace().size(), 1u);
     LayerRecord made;
     EXPECT_TRUE(db.findLayer("B", made));
+}
+
+// A drawing written by an independent writer, with an edge-defined hatch
+// boundary, a kind we do not read and UTF-8 text.
+TEST(DxfLoad, IndependentWritersDrawingLoads)
+{
+    std::string python = ezdxfPython();
+    if (python.empty()) GTEST_SKIP() << "no python3 with ezdxf";
+    std::ofstream(scratch("foreign.py")) <<
+        "import sys, ezdxf\n"
+        "doc = ezdxf.new(\"R2010\")\n"
+        "msp = doc.modelspace()\n"
+        "doc.layers.add(\"Gob\", color=1)\n"
+        "doc.appids.new(\"MYAPP\")\n"
+        "h = msp.add_hatch(color=2, dxfattribs={\"layer\": \"Gob\"})\n"
+        "p = h.paths.add_edge_path()\n"
+        "p.add_line((0, 0), (10, 0))\n"
+        "p.add_arc((10, 5), radius=5, start_angle=270, end_angle=90)\n"
+        "p.add_line((10, 10), (0, 10))\n"
+        "p.add_line((0, 10), (0, 0))\n"
+        "h.paths.add_polyline_path([(2, 2), (4, 2), (4, 4)], is_closed=True)\n"
+        "pl = msp.add_lwpolyline([(0, 0, 0, 0, 0.5), (5, 0), (5, 5)], format=\"xyseb\", dxfattribs={\"layer\": \"Gob\"})\n"
+        "pl.set_xdata(\"MYAPP\", [(1000, \"hello\"), (1040, 2.5), (1010, (1, 2, 3))])\n"
+        "msp.add_polyline3d([(0, 0, 0), (1, 1, 1), (2, 0, 2)])\n"
+        "msp.add_polyline2d([(0, 0), (1, 1), (2, 0)], close=True)\n"
+        "msp.add_spline([(0, 0), (1, 1), (2, 0), (3, 1)])\n"
+        "msp.add_mline([(0, 0), (10, 0), (10, 10)])\n"
+        "msp.add_ellipse((0, 0), (2, 0), 0.5)\n"
+        "msp.add_text(\"\xC3\x9Cn\xC3\xAF" "code\", dxfattribs={\"height\": 2})\n"
+        "g = doc.groups.new(\"G1\")\n"
+        "g.extend([pl])\n"
+        "d = doc.rootdict.add_new_dict(\"VORN_STABILITY_DICTIONARY\")\n"
+        "x = d.add_xrecord(\"VornBaseGrid\")\n"
+        "x.reset([(1, \"100\"), (1, \"200\"), (40, 1.5)])\n"
+        "doc.saveas(sys.argv[1])\n";
+    int status = 0;
+    std::string out = run(python + " " + scratch("foreign.py").string() + " " + scratch("foreign.dxf").string(), status);
+    ASSERT_EQ(status, 0) << out;
+    HostDatabase db;
+    DxfLoadResult result = loadDxf(scratch("foreign.dxf").string(), db);
+    ASSERT_TRUE(result.ok) << result.error;
+    EXPECT_EQ(result.skipped, (std::map<std::string, int>{{"ELLIPSE", 1}}));
+    std::vector<Entity> all = entitiesOf(db);
+    ASSERT_EQ(all.size(), 7u);
+    double area = 0.0;
+    ASSERT_EQ(db.getArea(all[0], area), eOk);
+    EXPECT_NEAR(area, 100.0 + std::numbers::pi * 12.5 - 2.0, 1e-9);
+    EXPECT_EQ(all[0].common.colorIndex, 2);
+    ResultBuffer xdata = xdataOf(all[1].common, "MYAPP");
+    ASSERT_EQ(xdata.size(), 4u);
+    EXPECT_EQ(xdata[1].text, "hello");
+    EXPECT_EQ(xdata[3], ResultItem::ofPoint(1010, {1, 2, 3}));
+    EXPECT_EQ(all[1].as<LwPolyline>()->vertices[0].bulge, 0.5);
+    EXPECT_EQ(all[6].as<Text>()->text, "\xC3\x9Cn\xC3\xAF" "code");
+    Group group;
+    ASSERT_TRUE(db.findGroup("G1", group));
+    EXPECT_EQ(group.members, std::vector<ObjectId>{all[1].id()});
 }
 
 TEST(DrawingCommand, InfoListsLayersCountsAndStorage)
