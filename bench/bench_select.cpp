@@ -30,7 +30,6 @@ host::HostDatabase& plan()
                 made.appendToModelSpace(e, id);
             }
         }
-        made.rebuildIndex();
         return true;
     }();
     benchmark::DoNotOptimize(filled);

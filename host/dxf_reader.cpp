@@ -397,7 +397,6 @@ void DxfLoader::run()
     resolveReferences();
     for (const LayerRecord& layer : layerStates_) db_.updateLayer(layer);
     if (!currentLayer_.empty()) db_.setCurrentLayer(currentLayer_);
-    db_.rebuildIndex();
     result_.ok = true;
 }
 

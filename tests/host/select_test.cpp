@@ -168,7 +168,6 @@ TEST(SelectIndex, AgreesWithAPlainScan)
         ids.push_back(id);
         boxes.push_back({x, y, x + w, y + h});
     }
-    db.rebuildIndex();
     for (int q = 0; q < 20; ++q) {
         double x0 = at(random), y0 = at(random), x1 = x0 + size(random) * 5, y1 = y0 + size(random) * 5;
         std::vector<ObjectId> inside, crossing;
