@@ -15,6 +15,7 @@
 
 namespace vorn::host {
 
+// Movable, not copyable.
 class HostDatabase : public DatabasePort {
 public:
     HostDatabase();

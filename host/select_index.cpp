@@ -24,6 +24,8 @@ struct SpatialIndex::Tree {
 
 SpatialIndex::SpatialIndex() : tree_(std::make_unique<Tree>()) {}
 SpatialIndex::~SpatialIndex() = default;
+SpatialIndex::SpatialIndex(SpatialIndex&&) noexcept = default;
+SpatialIndex& SpatialIndex::operator=(SpatialIndex&&) noexcept = default;
 
 void SpatialIndex::insert(ObjectId id, const PlanBox& box) { tree_->rtree.insert(Value{toBox(box), id.value}); }
 
