@@ -135,6 +135,31 @@ TEST_F(SelectTest, PicksComeNearestFirstWithinTheAperture)
     EXPECT_EQ(db.entitiesNear({50.1, 50}, 0.2), std::vector<ObjectId>{survey});
 }
 
+TEST_F(SelectTest, AreaKindsAreFoundByTheirOutlines)
+{
+    Hatch hatch;
+    hatch.loops = {{1, {{100, 0}, {110, 0}, {110, 10}, {100, 10}}, {}}};
+    Region region;
+    region.faces = {{{{120, 0}, {130, 0}, {130, 10}, {120, 10}}, {}}};
+    Solid solid;
+    solid.corners[0] = {140, 0, 0}, solid.corners[1] = {150, 0, 0}, solid.corners[2] = {140, 10, 0}, solid.corners[3] = {150, 10, 0};
+    Entity e;
+    e.common.layer = "Pillars";
+    e.shape = hatch;
+    ObjectId hatchId = append(e);
+    e.shape = region;
+    ObjectId regionId = append(e);
+    e.shape = solid;
+    ObjectId solidId = append(e);
+    e.shape = Text{{160, 0, 0}, 2.0, 0.0, "P1"};
+    ObjectId textId = append(e);
+    EXPECT_EQ(select(SelectMode::Window, {{99, -1}, {170, 11}}), (std::vector<ObjectId>{hatchId, regionId, solidId, textId}));
+    // A fence-like crossing line through the right halves.
+    EXPECT_EQ(select(SelectMode::CrossingPolygon, {{108, 1}, {161, 1}, {161, 1.5}}), (std::vector<ObjectId>{hatchId, regionId, solidId, textId}));
+    EXPECT_EQ(select(SelectMode::Crossing, {{145, 4}, {146, 6}}), std::vector<ObjectId>{});  // inside the solid, touching no edge
+    EXPECT_EQ(db.entitiesNear({150, 5}, 0.1), std::vector<ObjectId>{solidId});
+}
+
 TEST(SelectWildcards, PatternsAndLists)
 {
     EXPECT_TRUE(wildcardMatch("VORN_*", "vorn_working_layer"));
