@@ -15,11 +15,21 @@ namespace {
 
 namespace fs = std::filesystem;
 
+// A folder of this test process, removed when the process ends.
+struct ScratchFolder {
+    fs::path path = fs::temp_directory_path() / ("vorn_dxf_" + std::to_string(::getpid()));
+    ScratchFolder() { fs::create_directories(path); }
+    ~ScratchFolder()
+    {
+        std::error_code ignored;
+        fs::remove_all(path, ignored);
+    }
+};
+
 fs::path scratch(const std::string& name)
 {
-    fs::path dir = fs::temp_directory_path() / ("vorn_dxf_" + std::to_string(::getpid()));
-    fs::create_directories(dir);
-    return dir / name;
+    static ScratchFolder folder;
+    return folder.path / name;
 }
 
 std::string run(const std::string& command, int& status)
