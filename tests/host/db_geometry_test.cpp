@@ -164,6 +164,23 @@ TEST(DbOffsets, OpenPolylineShiftsWithExtendedCorners)
     EXPECT_EQ(db.getOffsetCurves(line, 1.0, out), eNotApplicable);
 }
 
+TEST(DbOffsets, OpenPolylineDropsASegmentItsOffsetFoldsOver)
+{
+    HostDatabase db;
+    // A short rise between two turns to the left; offset by 2 to the left
+    // its offset piece would run backwards.
+    std::vector<Entity> out;
+    ASSERT_EQ(db.getOffsetCurves(polyline({{{0, 0}}, {{10, 0}}, {{10, 1}}, {{0, 5}}}), -2.0, out), eOk);
+    ASSERT_EQ(out.size(), 1u);
+    const auto& v = out[0].as<LwPolyline>()->vertices;
+    ASSERT_EQ(v.size(), 3u);
+    EXPECT_TRUE(v[0].point.isEqualTo({0, 2}));
+    EXPECT_NEAR(v[1].point.y, 2.0, 1e-12);
+    EXPECT_NEAR(v[1].point.x, 7.5 - 58.0 / std::sqrt(116.0), 1e-9);
+    EXPECT_NEAR(v[2].point.x, -8.0 / std::sqrt(116.0), 1e-12);
+    EXPECT_NEAR(v[2].point.y, 5.0 - 20.0 / std::sqrt(116.0), 1e-12);
+}
+
 TEST(DbOffsets, ArcsStayConcentric)
 {
     HostDatabase db;
