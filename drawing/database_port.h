@@ -184,8 +184,9 @@ public:
     virtual ErrorStatus intersectInPlan(const Entity& a, const Entity& b, std::vector<Point3d>& points) const = 0;
     // Offset curves of a lightweight polyline at `distance` in its plane:
     // positive to the right of the direction of travel (outward for a
-    // counter-clockwise closed polyline). Segments meet at extended corners;
-    // a closed polyline shrunk apart gives several curves, or none when it
+    // counter-clockwise closed polyline). Segments meet at extended corners,
+    // and a straight segment that the offset folds over is left out; a
+    // closed polyline shrunk apart gives several curves, or none when it
     // vanishes. The results are lightweight polylines with the source's
     // common properties.
     virtual ErrorStatus getOffsetCurves(const Entity& polyline, double distance, std::vector<Entity>& out) const = 0;

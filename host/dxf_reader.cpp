@@ -61,8 +61,10 @@ EntityHead readHead(const Record& r)
     bool inXdata = false;
     int braces = 0;
     bool inReactors = false;
+    bool pastOwner = false;  // 330 before the first subclass marker is the owner
     for (std::size_t i = 1; i < r.size(); ++i) {
         const DxfPair& p = r[i];
+        if (p.code == 100) pastOwner = true;
         if (p.code >= 1000 || inXdata) {
             inXdata = true;
             xdata.push_back(p);
@@ -85,7 +87,7 @@ EntityHead readHead(const Record& r)
             head.common.visible = p.integer() == 0;
         } else if (p.code == 67) {
             head.paperSpace = p.integer() == 1;
-        } else if (p.code != 330 && p.code != 100) {
+        } else if ((p.code != 330 || pastOwner) && p.code != 100) {
             head.own.push_back(p);
         }
     }
@@ -229,6 +231,40 @@ void readEdgePath(const std::vector<DxfPair>& p, std::size_t& i, std::int64_t ed
     }
 }
 
+// A polyline boundary path: its vertices up to the source count (97).
+void readPolylinePath(const std::vector<DxfPair>& p, std::size_t& i, HatchLoop& loop)
+{
+    for (; i < p.size() && p[i].code != 97 && p[i].code != 92; ++i) {
+        if (p[i].code == 10) loop.points.push_back({p[i].real(), 0.0});
+        if (loop.points.empty()) continue;
+        if (p[i].code == 20) loop.points.back().y = p[i].real();
+        if (p[i].code == 42) {
+            loop.bulges.resize(loop.points.size(), 0.0);
+            loop.bulges.back() = p[i].real();
+        }
+    }
+}
+
+// One boundary loop from its 92 pair on, with the handles of its sources.
+HatchLoop readLoop(const std::vector<DxfPair>& p, std::size_t& i, std::vector<std::uint64_t>& sources)
+{
+    HatchLoop loop;
+    std::int64_t type = p[i++].integer();
+    loop.loopType = static_cast<int>(type & ~2);
+    if (type & 2) {
+        readPolylinePath(p, i, loop);
+    } else {
+        std::int64_t edges = i < p.size() && p[i].code == 93 ? p[i++].integer() : 0;
+        readEdgePath(p, i, edges, loop);
+    }
+    if (!loop.bulges.empty()) loop.bulges.resize(loop.points.size(), 0.0);
+    if (i < p.size() && p[i].code == 97) {
+        std::int64_t count = p[i++].integer();
+        for (std::int64_t s = 0; s < count && i < p.size() && p[i].code == 330; ++s) sources.push_back(p[i++].handle());
+    }
+    return loop;
+}
+
 Hatch readHatch(const Fields& f, std::vector<std::uint64_t>& sources)
 {
     Hatch h;
@@ -247,28 +283,7 @@ Hatch readHatch(const Fields& f, std::vector<std::uint64_t>& sources)
     for (std::int64_t k = 0; k < loops; ++k) {
         while (i < p.size() && p[i].code != 92) ++i;
         if (i >= p.size()) break;
-        HatchLoop loop;
-        std::int64_t type = p[i++].integer();
-        loop.loopType = static_cast<int>(type & ~2);
-        if (type & 2) {
-            while (i < p.size() && p[i].code != 93) ++i;
-            std::int64_t count = i < p.size() ? p[i++].integer() : 0;
-            for (; i < p.size() && p[i].code != 97 && p[i].code != 92; ++i) {
-                if (p[i].code == 10) loop.points.push_back({p[i].real(), 0.0});
-                if (p[i].code == 20 && !loop.points.empty()) loop.points.back().y = p[i].real();
-                if (p[i].code == 42) loop.bulges.resize(loop.points.size(), 0.0), loop.bulges.back() = p[i].real();
-            }
-            if (static_cast<std::int64_t>(loop.points.size()) != count) loop.points.resize(static_cast<std::size_t>(std::max<std::int64_t>(count, 0)));
-        } else {
-            std::int64_t edges = i < p.size() && p[i].code == 93 ? p[i++].integer() : 0;
-            readEdgePath(p, i, edges, loop);
-        }
-        if (!loop.bulges.empty()) loop.bulges.resize(loop.points.size(), 0.0);
-        if (i < p.size() && p[i].code == 97) {
-            std::int64_t count = p[i++].integer();
-            for (std::int64_t s = 0; s < count && i < p.size() && p[i].code == 330; ++s) sources.push_back(p[i++].handle());
-        }
-        h.loops.push_back(std::move(loop));
+        h.loops.push_back(readLoop(p, i, sources));
     }
     return h;
 }
@@ -395,17 +410,17 @@ void DxfLoader::run()
     resolveReferences();
     for (const LayerRecord& layer : layerStates_) db_.updateLayer(layer);
     if (!currentLayer_.empty()) db_.setCurrentLayer(currentLayer_);
-    db_.rebuildIndex();
     result_.ok = true;
 }
 
 void DxfLoader::header()
 {
-    std::vector<Record> records = section("HEADER");
-    if (records.empty()) return;
-    const Record& r = records.front();
-    for (std::size_t i = 0; i + 1 < r.size(); ++i)
-        if (r[i].code == 9 && r[i].value == "$CLAYER") currentLayer_ = text(r[i + 1]);
+    bool inHeader = false;
+    for (std::size_t i = 0; i + 1 < pairs_.size(); ++i) {
+        const DxfPair& p = pairs_[i];
+        if (p.code == 0) inHeader = p.value == "SECTION" && pairs_[i + 1].code == 2 && pairs_[i + 1].value == "HEADER";
+        if (inHeader && p.code == 9 && p.value == "$CLAYER") currentLayer_ = text(pairs_[i + 1]);
+    }
 }
 
 void DxfLoader::tables()

@@ -43,7 +43,25 @@ private:
     void blocks();
     void block(const char* name, std::uint64_t record, bool paper);
     void entities();
+    using Reactors = std::vector<std::uint64_t>;
     void entity(const Entity& e);
+    void write(const LwPolyline& pl, const Entity& e, const Reactors& reactors);
+    void write(const Polyline2d& pl, const Entity& e, const Reactors& reactors);
+    void write(const Polyline3d& pl, const Entity& e, const Reactors& reactors);
+    void write(const Region& r, const Entity& e, const Reactors& reactors);
+    // Kinds of one record: head, body, extended data.
+    template <class Shape>
+    void write(const Shape& shape, const Entity& e, const Reactors& reactors);
+    void body(const Line& line);
+    void body(const PointEntity& point);
+    void body(const Circle& circle);
+    void body(const Arc& arc);
+    void body(const Text& text);
+    void body(const Hatch& h);
+    void body(const Face& face);
+    void body(const Solid& solid);
+    void body(const Spline& spline);
+    void body(const Mline& m);
     void entityHead(const char* type, std::uint64_t handle, const EntityCommon& c, const std::vector<std::uint64_t>& reactors);
     void xdata(const EntityCommon& c);
     void lwpolyline(const LwPolyline& pl, std::uint64_t handle, const EntityCommon& c, const std::vector<std::uint64_t>& reactors);
@@ -51,10 +69,9 @@ private:
     void polyline3d(const Polyline3d& pl, std::uint64_t handle, const EntityCommon& c);
     void vertexHead(std::uint64_t owner, const EntityCommon& c, const char* subclass);
     void seqend(std::uint64_t owner, const EntityCommon& c);
-    void hatch(const Hatch& h);
     void region(const Region& r, const Entity& e);
-    void mline(const Mline& m);
     void objects();
+    void objectHead(const char* type, std::uint64_t handle, std::uint64_t owner, const char* subclass);
     void dictionaryHead(std::uint64_t handle, std::uint64_t owner, bool reactor);
     void userDictionary(ObjectId id, std::uint64_t owner);
     void groups();
@@ -333,73 +350,102 @@ void DxfWriter::xdata(const EntityCommon& c)
 
 void DxfWriter::entity(const Entity& e)
 {
-    const EntityCommon& c = e.common;
-    std::uint64_t h = c.id.value;
     std::vector<std::uint64_t> reactors;
-    for (ObjectId r : c.reactors)
+    for (ObjectId r : e.common.reactors)
         if (live(r)) reactors.push_back(r.value);
-    if (auto it = groupsOf_.find(h); it != groupsOf_.end()) reactors.insert(reactors.end(), it->second.begin(), it->second.end());
-    if (const auto* pl = e.as<LwPolyline>()) return lwpolyline(*pl, h, c, reactors);
-    if (const auto* p2 = e.as<Polyline2d>()) {
-        entityHead("POLYLINE", h, c, reactors);
-        return polyline2d(*p2, h, c);
-    }
-    if (const auto* p3 = e.as<Polyline3d>()) {
-        entityHead("POLYLINE", h, c, reactors);
-        return polyline3d(*p3, h, c);
-    }
-    if (const auto* r = e.as<Region>()) return region(*r, e);
-    entityHead(dxfTypeName(e.kind()), h, c, reactors);
-    if (const auto* line = e.as<Line>()) {
-        out_.text(100, "AcDbLine");
-        out_.point(10, line->start);
-        out_.point(11, line->end);
-    } else if (const auto* point = e.as<PointEntity>()) {
-        out_.text(100, "AcDbPoint");
-        out_.point(10, point->position);
-    } else if (const auto* circle = e.as<Circle>()) {
-        out_.text(100, "AcDbCircle");
-        out_.point(10, circle->center);
-        out_.real(40, circle->radius);
-    } else if (const auto* arc = e.as<Arc>()) {
-        out_.text(100, "AcDbCircle");
-        out_.point(10, arc->center);
-        out_.real(40, arc->radius);
-        out_.text(100, "AcDbArc");
-        out_.real(50, arc->startAngle * kDegrees);
-        out_.real(51, arc->endAngle * kDegrees);
-    } else if (const auto* text = e.as<Text>()) {
-        out_.text(100, "AcDbText");
-        out_.point(10, text->position);
-        out_.real(40, text->height);
-        out_.text(1, text->text);
-        if (text->rotation != 0.0) out_.real(50, text->rotation * kDegrees);
-        out_.text(7, "Standard");
-        out_.text(100, "AcDbText");
-    } else if (const auto* h2 = e.as<Hatch>()) {
-        hatch(*h2);
-    } else if (const auto* face = e.as<Face>()) {
-        out_.text(100, "AcDbFace");
-        for (int k = 0; k < 4; ++k) out_.point(10 + k, face->corners[k]);
-        out_.integer(70, 0);
-    } else if (const auto* solid = e.as<Solid>()) {
-        out_.text(100, "AcDbTrace");
-        for (int k = 0; k < 4; ++k) out_.point(10 + k, solid->corners[k]);
-    } else if (const auto* spline = e.as<Spline>()) {
-        bool planar = std::all_of(spline->fitPoints.begin(), spline->fitPoints.end(), [&](const Point3d& p) { return p.z == spline->fitPoints[0].z; });
-        out_.text(100, "AcDbSpline");
-        out_.point(210, {0, 0, 1});
-        out_.integer(70, planar ? 8 : 0);
-        out_.integer(71, spline->degree);
-        out_.integer(72, 0);
-        out_.integer(73, 0);
-        out_.integer(74, static_cast<std::int64_t>(spline->fitPoints.size()));
-        out_.real(44, spline->fitTolerance);
-        for (const Point3d& p : spline->fitPoints) out_.point(11, p);
-    } else if (const auto* m = e.as<Mline>()) {
-        mline(*m);
-    }
-    xdata(c);
+    if (auto it = groupsOf_.find(e.common.id.value); it != groupsOf_.end()) reactors.insert(reactors.end(), it->second.begin(), it->second.end());
+    std::visit([&](const auto& shape) { write(shape, e, reactors); }, e.shape);
+}
+
+void DxfWriter::write(const LwPolyline& pl, const Entity& e, const Reactors& reactors) { lwpolyline(pl, e.common.id.value, e.common, reactors); }
+
+void DxfWriter::write(const Polyline2d& pl, const Entity& e, const Reactors& reactors)
+{
+    entityHead("POLYLINE", e.common.id.value, e.common, reactors);
+    polyline2d(pl, e.common.id.value, e.common);
+}
+
+void DxfWriter::write(const Polyline3d& pl, const Entity& e, const Reactors& reactors)
+{
+    entityHead("POLYLINE", e.common.id.value, e.common, reactors);
+    polyline3d(pl, e.common.id.value, e.common);
+}
+
+void DxfWriter::write(const Region& r, const Entity& e, const Reactors&) { region(r, e); }
+
+template <class Shape>
+void DxfWriter::write(const Shape& shape, const Entity& e, const Reactors& reactors)
+{
+    entityHead(dxfTypeName(e.kind()), e.common.id.value, e.common, reactors);
+    body(shape);
+    xdata(e.common);
+}
+
+void DxfWriter::body(const Line& line)
+{
+    out_.text(100, "AcDbLine");
+    out_.point(10, line.start);
+    out_.point(11, line.end);
+}
+
+void DxfWriter::body(const PointEntity& point)
+{
+    out_.text(100, "AcDbPoint");
+    out_.point(10, point.position);
+}
+
+void DxfWriter::body(const Circle& circle)
+{
+    out_.text(100, "AcDbCircle");
+    out_.point(10, circle.center);
+    out_.real(40, circle.radius);
+}
+
+void DxfWriter::body(const Arc& arc)
+{
+    body(Circle{arc.center, arc.radius});
+    out_.text(100, "AcDbArc");
+    out_.real(50, arc.startAngle * kDegrees);
+    out_.real(51, arc.endAngle * kDegrees);
+}
+
+void DxfWriter::body(const Text& text)
+{
+    out_.text(100, "AcDbText");
+    out_.point(10, text.position);
+    out_.real(40, text.height);
+    out_.text(1, text.text);
+    if (text.rotation != 0.0) out_.real(50, text.rotation * kDegrees);
+    out_.text(7, "Standard");
+    out_.text(100, "AcDbText");
+}
+
+void DxfWriter::body(const Face& face)
+{
+    out_.text(100, "AcDbFace");
+    for (int k = 0; k < 4; ++k) out_.point(10 + k, face.corners[k]);
+    out_.integer(70, 0);
+}
+
+void DxfWriter::body(const Solid& solid)
+{
+    out_.text(100, "AcDbTrace");
+    for (int k = 0; k < 4; ++k) out_.point(10 + k, solid.corners[k]);
+}
+
+void DxfWriter::body(const Spline& spline)
+{
+    const auto& fit = spline.fitPoints;
+    bool planar = std::all_of(fit.begin(), fit.end(), [&](const Point3d& p) { return p.z == fit[0].z; });
+    out_.text(100, "AcDbSpline");
+    out_.point(210, {0, 0, 1});
+    out_.integer(70, planar ? 8 : 0);
+    out_.integer(71, spline.degree);
+    out_.integer(72, 0);
+    out_.integer(73, 0);
+    out_.integer(74, static_cast<std::int64_t>(fit.size()));
+    out_.real(44, spline.fitTolerance);
+    for (const Point3d& p : fit) out_.point(11, p);
 }
 
 void DxfWriter::lwpolyline(const LwPolyline& pl, std::uint64_t handle, const EntityCommon& c, const std::vector<std::uint64_t>& reactors)
@@ -478,7 +524,7 @@ void DxfWriter::polyline3d(const Polyline3d& pl, std::uint64_t handle, const Ent
     seqend(handle, c);
 }
 
-void DxfWriter::hatch(const Hatch& h)
+void DxfWriter::body(const Hatch& h)
 {
     out_.text(100, "AcDbHatch");
     out_.point(10, {0, 0, h.elevation});
@@ -554,7 +600,7 @@ Point2d unit(double x, double y)
     return len > 0.0 ? Point2d{x / len, y / len} : Point2d{1.0, 0.0};
 }
 
-void DxfWriter::mline(const Mline& m)
+void DxfWriter::body(const Mline& m)
 {
     MlineStyle style;
     if (!db_.findMlineStyle(m.styleName, style)) db_.findMlineStyle("STANDARD", style);
@@ -597,17 +643,28 @@ void DxfWriter::mline(const Mline& m)
 
 // ---- objects
 
+// An object owned by a dictionary, which is also its reactor.
+void DxfWriter::objectHead(const char* type, std::uint64_t handle, std::uint64_t owner, const char* subclass)
+{
+    out_.text(0, type);
+    out_.handle(5, handle);
+    out_.text(102, "{ACAD_REACTORS");
+    out_.handle(330, owner);
+    out_.text(102, "}");
+    out_.handle(330, owner);
+    out_.text(100, subclass);
+}
+
 void DxfWriter::dictionaryHead(std::uint64_t handle, std::uint64_t owner, bool reactor)
 {
-    out_.text(0, "DICTIONARY");
-    out_.handle(5, handle);
     if (reactor) {
-        out_.text(102, "{ACAD_REACTORS");
+        objectHead("DICTIONARY", handle, owner, "AcDbDictionary");
+    } else {
+        out_.text(0, "DICTIONARY");
+        out_.handle(5, handle);
         out_.handle(330, owner);
-        out_.text(102, "}");
+        out_.text(100, "AcDbDictionary");
     }
-    out_.handle(330, owner);
-    out_.text(100, "AcDbDictionary");
     out_.integer(281, 1);
 }
 
@@ -648,13 +705,7 @@ void DxfWriter::userDictionary(ObjectId id, std::uint64_t owner)
     }
     ResultBuffer data;
     if (db_.readXrecord(id, data) != eOk) return;
-    out_.text(0, "XRECORD");
-    out_.handle(5, id.value);
-    out_.text(102, "{ACAD_REACTORS");
-    out_.handle(330, owner);
-    out_.text(102, "}");
-    out_.handle(330, owner);
-    out_.text(100, "AcDbXrecord");
+    objectHead("XRECORD", id.value, owner, "AcDbXrecord");
     out_.integer(280, 1);
     for (const ResultItem& item : data) out_.item(item);
 }
@@ -668,13 +719,7 @@ void DxfWriter::groups()
         out_.handle(350, g.id.value);
     }
     for (const Group& g : all) {
-        out_.text(0, "GROUP");
-        out_.handle(5, g.id.value);
-        out_.text(102, "{ACAD_REACTORS");
-        out_.handle(330, groupDict_);
-        out_.text(102, "}");
-        out_.handle(330, groupDict_);
-        out_.text(100, "AcDbGroup");
+        objectHead("GROUP", g.id.value, groupDict_, "AcDbGroup");
         out_.text(300, g.description);
         out_.integer(70, 0);
         out_.integer(71, g.selectable ? 1 : 0);
@@ -694,13 +739,7 @@ void DxfWriter::mlineStyles()
     for (const MlineStyle& s : styles) {
         int flags = (s.fillOn ? 1 : 0) | (s.showMiters ? 2 : 0) | (s.startSquareCap ? 16 : 0) | (s.startInnerArcs ? 32 : 0) |
                     (s.startRoundCap ? 64 : 0) | (s.endSquareCap ? 256 : 0) | (s.endInnerArcs ? 512 : 0) | (s.endRoundCap ? 1024 : 0);
-        out_.text(0, "MLINESTYLE");
-        out_.handle(5, s.id.value);
-        out_.text(102, "{ACAD_REACTORS");
-        out_.handle(330, styleDict_);
-        out_.text(102, "}");
-        out_.handle(330, styleDict_);
-        out_.text(100, "AcDbMlineStyle");
+        objectHead("MLINESTYLE", s.id.value, styleDict_, "AcDbMlineStyle");
         out_.text(2, s.name);
         out_.integer(70, flags);
         out_.text(3, s.description);
@@ -729,13 +768,7 @@ void DxfWriter::layouts()
 
 void DxfWriter::layout(std::uint64_t handle, const char* name, int order, std::uint64_t record)
 {
-    out_.text(0, "LAYOUT");
-    out_.handle(5, handle);
-    out_.text(102, "{ACAD_REACTORS");
-    out_.handle(330, layoutDict_);
-    out_.text(102, "}");
-    out_.handle(330, layoutDict_);
-    out_.text(100, "AcDbPlotSettings");
+    objectHead("LAYOUT", handle, layoutDict_, "AcDbPlotSettings");
     out_.text(1, "");
     out_.text(2, "none_device");
     out_.text(4, "");

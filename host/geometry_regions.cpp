@@ -125,32 +125,61 @@ std::vector<PolyVertex> distinctVertices(const LwPolyline& pl)
     return v;
 }
 
-// The offset polyline with extended corners between straight pieces and a
+// Extends straight neighbours to meet. A straight piece that its corners
+// turn round (the offset folds over it) is dropped and its neighbours are
+// joined instead, until none folds.
+std::vector<Piece> joinedPieces(const std::vector<Piece>& raw, const std::vector<Point2d>& directions, bool closed)
+{
+    std::vector<std::size_t> active(raw.size());
+    for (std::size_t i = 0; i < raw.size(); ++i) active[i] = i;
+    while (active.size() >= (closed ? 2u : 1u)) {
+        std::vector<Piece> joined;
+        for (std::size_t k : active) joined.push_back(raw[k]);
+        std::size_t m = joined.size();
+        for (std::size_t i = 0; i < (closed ? m : m - 1); ++i) {
+            Piece& p = joined[i];
+            Piece& q = joined[(i + 1) % m];
+            Point2d corner;
+            if (p.bulge == 0.0 && q.bulge == 0.0 && lineIntersection(p, q, corner)) p.e = q.s = corner;
+        }
+        std::vector<std::size_t> kept;
+        for (std::size_t i = 0; i < m; ++i) {
+            const Point2d& d = directions[active[i]];
+            bool folded = joined[i].bulge == 0.0 && (joined[i].e.x - joined[i].s.x) * d.x + (joined[i].e.y - joined[i].s.y) * d.y <= 0.0;
+            if (!folded) kept.push_back(active[i]);
+        }
+        if (kept.size() == m) return joined;
+        active = std::move(kept);
+    }
+    return {};
+}
+
+// The offset polyline: extended corners between straight pieces and a
 // straight filler where an arc does not meet its neighbour.
 bool directOffset(const LwPolyline& pl, double distance, LwPolyline& out)
 {
     std::vector<PolyVertex> v = distinctVertices(pl);
-    std::size_t count = pl.closed ? v.size() : v.size() - 1;
     if (v.size() < 2) return false;
-    std::vector<Piece> pieces(count);
-    for (std::size_t i = 0; i < count; ++i)
-        if (!offsetPiece(v[i].point, v[(i + 1) % v.size()].point, v[i].bulge, distance, pieces[i])) return false;
-    std::size_t joints = pl.closed ? count : count - 1;
-    for (std::size_t i = 0; i < joints; ++i) {
-        Piece& p = pieces[i];
-        Piece& q = pieces[(i + 1) % count];
-        Point2d corner;
-        if (p.bulge == 0.0 && q.bulge == 0.0 && lineIntersection(p, q, corner)) p.e = q.s = corner;
+    std::size_t count = pl.closed ? v.size() : v.size() - 1;
+    std::vector<Piece> raw(count);
+    std::vector<Point2d> directions(count);
+    for (std::size_t i = 0; i < count; ++i) {
+        const Point2d& a = v[i].point;
+        const Point2d& b = v[(i + 1) % v.size()].point;
+        directions[i] = {b.x - a.x, b.y - a.y};
+        if (!offsetPiece(a, b, v[i].bulge, distance, raw[i])) return false;
     }
+    std::vector<Piece> pieces = joinedPieces(raw, directions, pl.closed);
+    if (pieces.empty()) return false;
     out = LwPolyline{};
     out.closed = pl.closed;
     out.elevation = pl.elevation;
     out.constantWidth = pl.constantWidth;
-    for (std::size_t i = 0; i < count; ++i) {
+    std::size_t m = pieces.size();
+    for (std::size_t i = 0; i < m; ++i) {
         out.vertices.push_back({pieces[i].s, pieces[i].bulge});
-        bool last = i + 1 == count;
-        if (last && !pl.closed) break;
-        if (!pieces[i].e.isEqualTo(pieces[(i + 1) % count].s, 1e-9)) out.vertices.push_back({pieces[i].e, 0.0});
+        if (i + 1 == m && !pl.closed) break;
+        if (!pieces[i].e.isEqualTo(pieces[(i + 1) % m].s, 1e-9)) out.vertices.push_back({pieces[i].e, 0.0});
     }
     if (!pl.closed) out.vertices.push_back({pieces.back().e, 0.0});
     return true;
@@ -288,7 +317,7 @@ double hatchArea(const Hatch& hatch)
             bg::correct(other);
             if (bg::within(BgPoint{rings[i][0].x, rings[i][0].y}, other)) ++depth;
         }
-        double a = std::abs(ringArea(rings[i]));
+        double a = std::abs(signedArea(hatchLoopPath(hatch.loops[i])));
         area += depth % 2 == 0 ? a : -a;
     }
     return area;
