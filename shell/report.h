@@ -60,6 +60,11 @@ public:
     virtual int messageBox(const std::string& text, const std::string& caption, unsigned type) = 0;
     // Diagnostic output of the application (not the command line).
     virtual void console(const std::string& text) = 0;
+    // The status bar meter: a label and a range, a position, and the
+    // status bar restored. A host without a status bar ignores them.
+    virtual void statusMeterStart(const std::string& label, int lower, int upper) {}
+    virtual void statusMeterPos(int pos) {}
+    virtual void statusMeterRestore() {}
 };
 
 // The stand-alone reporter: prints to standard output, shows boxes on
@@ -116,6 +121,10 @@ private:
 };
 
 Reporter* currentReporterOrNull();
+
+inline void statusMeterStart(const std::string& label, int lower, int upper) { reporter().statusMeterStart(label, lower, upper); }
+inline void statusMeterPos(int pos) { reporter().statusMeterPos(pos); }
+inline void statusMeterRestore() { reporter().statusMeterRestore(); }
 
 }  // namespace vorn
 
