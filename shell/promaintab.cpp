@@ -1,5 +1,6 @@
 #include "shell/promaintab.h"
 
+#include "grid/grid.h"
 #include "shell/report.h"
 #include "shell/textnum.h"
 
@@ -78,6 +79,13 @@ void CProMainTab::saveDocData() const
     data.originYText = originYText;
     data.defects = defects;
     data.defectsReady = defectsReady;
+}
+
+bool CProMainTab::getBaseGrid(myGrid& grid) const
+{
+    grid.setOrigin(_wtof(originXText), _wtof(originYText), 0.0);
+    grid.setup(_wtoi(xNumText), _wtoi(yNumText), _wtof(xCellText), _wtof(yCellText), _wtof(rotationText));
+    return grid.isDefined();
 }
 
 std::string CProMainTab::panelTitle() const { return title_.empty() ? "Dialog" : title_; }
