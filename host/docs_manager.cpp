@@ -11,9 +11,9 @@ HostDocuments::~HostDocuments()
     while (!documents_.empty()) close(documents_.back().get());
 }
 
-AcApDocument* HostDocuments::open(std::unique_ptr<DatabasePort> database, const std::string& fileName)
+AcApDocument* HostDocuments::open(DatabasePort& database, const std::string& fileName)
 {
-    documents_.push_back(std::make_unique<AcApDocument>(std::move(database), fileName));
+    documents_.push_back(std::make_unique<AcApDocument>(database, fileName));
     activate(documents_.back().get());
     return documents_.back().get();
 }

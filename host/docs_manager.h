@@ -1,5 +1,5 @@
-// The open documents of the stand-alone host. Each document owns its
-// drawing; making a document current installs its drawing as the
+// The open documents of the stand-alone host. Each document has its
+// drawing (owned by whoever opened it); making a document current installs its drawing as the
 // platform's database and tells the shell's document manager. Closing a
 // document tells the document reactors before it goes.
 #pragma once
@@ -13,16 +13,15 @@
 
 class AcApDocument {
 public:
-    AcApDocument(std::unique_ptr<vorn::DatabasePort> database, std::string fileName)
-        : database_(std::move(database)), fileName_(std::move(fileName))
+    AcApDocument(vorn::DatabasePort& database, std::string fileName) : database_(database), fileName_(std::move(fileName))
     {
     }
-    vorn::DatabasePort& database() { return *database_; }
+    vorn::DatabasePort& database() { return database_; }
     const std::string& fileName() const { return fileName_; }
     void setFileName(const std::string& name) { fileName_ = name; }
 
 private:
-    std::unique_ptr<vorn::DatabasePort> database_;
+    vorn::DatabasePort& database_;
     std::string fileName_;
 };
 
@@ -36,7 +35,7 @@ public:
     HostDocuments& operator=(const HostDocuments&) = delete;
 
     // Adds a document for the drawing and makes it current.
-    AcApDocument* open(std::unique_ptr<DatabasePort> database, const std::string& fileName);
+    AcApDocument* open(DatabasePort& database, const std::string& fileName);
     void activate(AcApDocument* document);
     // Closes a document; the first one left becomes current.
     void close(AcApDocument* document);

@@ -90,7 +90,7 @@ void CGridTab::OnTabActivation(bool active)
     xNum = _wtoi(frame->xNumText);
     yNum = _wtoi(frame->yNumText);
     showCounts();
-    rotationText = "0";
+    rotationText.assign(1, '0');  // assign() keeps g++ 12 from a false -Wrestrict
 }
 
 void CGridTab::showCounts()
