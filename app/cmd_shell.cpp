@@ -1,0 +1,84 @@
+// `vornmark shell [DRAWING.dxf]`: the interactive command line. Commands
+// are typed by name; prompts are answered on the terminal and panels are
+// shown as numbered forms. "save [FILE]" writes the drawing, "quit" ends.
+#include <cstdio>
+#include <string>
+
+#include "app/commands.h"
+#include "host/docs_session.h"
+#include "shell/textnum.h"
+
+namespace vorn::app {
+namespace {
+
+std::string trimmed(const std::string& text)
+{
+    size_t first = text.find_first_not_of(" \t\r\n");
+    if (first == std::string::npos) return {};
+    return text.substr(first, text.find_last_not_of(" \t\r\n") - first + 1);
+}
+
+bool readCommandLine(std::string& line)
+{
+    std::fputs("\nCommand: ", stdout);
+    std::fflush(stdout);
+    char buffer[4096];
+    if (!std::fgets(buffer, sizeof buffer, stdin)) return false;
+    line = trimmed(buffer);
+    return true;
+}
+
+void saveCommand(AppSession& app, const std::string& argument)
+{
+    std::string path = argument.empty() ? app.drawingPath() : argument;
+    if (path.empty()) {
+        std::fputs("The drawing has no file yet: save FILE.dxf\n", stdout);
+        return;
+    }
+    std::string error;
+    if (saveDrawing(app.session().database(), path, error)) {
+        app.setDrawingPath(path);
+        std::printf("Saved %s\n", path.c_str());
+    } else {
+        std::printf("Cannot save %s: %s\n", path.c_str(), error.c_str());
+    }
+}
+
+int runShell(const std::string& drawing)
+{
+    std::string error;
+    std::unique_ptr<DatabasePort> database = openDrawing(drawing, error);
+    if (!database) {
+        std::fprintf(stderr, "vornmark: %s: %s\n", drawing.c_str(), error.c_str());
+        return kExitFailure;
+    }
+    AppSession app(std::move(database), drawing);
+    SessionOptions options;
+    options.answering = SessionOptions::Answering::Terminal;
+    if (!app.open(options, true, error)) {
+        std::fprintf(stderr, "vornmark: %s\n", error.c_str());
+        return kExitFailure;
+    }
+    std::string line;
+    while (readCommandLine(line)) {
+        std::string word = line.substr(0, line.find(' '));
+        if (word.empty()) continue;
+        if (iequals(word, "quit") || iequals(word, "exit")) break;
+        if (iequals(word, "save"))
+            saveCommand(app, trimmed(line.substr(word.size())));
+        else
+            app.runCommand(word);
+    }
+    std::fputs("\n", stdout);
+    return kExitOk;
+}
+
+CommandGroup group{81, [](CLI::App& parser, Action& action) {
+    auto drawing = std::make_shared<std::string>();
+    auto* sub = parser.add_subcommand("shell", "Interactive command line of the application");
+    sub->add_option("DRAWING", *drawing, "Drawing to open (DXF); a new drawing without it");
+    sub->callback([&action, drawing] { action = [drawing] { return runShell(*drawing); }; });
+}};
+
+}  // namespace
+}  // namespace vorn::app

@@ -1,0 +1,59 @@
+// A session of the application in the stand-alone host: one drawing as the
+// current document, the host's menu bar, the panel driver, and the
+// application loaded into the command stack for the session's lifetime.
+// `vornmark run` and `vornmark shell` are built on it.
+#pragma once
+
+#include <cstdio>
+#include <memory>
+#include <string>
+
+#include "host/docs_manager.h"
+#include "host/menu_bar.h"
+#include "host/panel_driver.h"
+#include "host/session.h"
+
+namespace vorn {
+
+// The drawing of a DXF file, or a new empty drawing for an empty path;
+// nullptr with `error` when the file cannot be read.
+std::unique_ptr<DatabasePort> openDrawing(const std::string& path, std::string& error);
+// Writes the drawing as a DXF file; false with `error` on failure.
+bool saveDrawing(DatabasePort& database, const std::string& path, std::string& error);
+// The folder of a file with its trailing separator; the current folder for
+// an empty path.
+std::string folderOf(const std::string& path);
+
+class AppSession {
+public:
+    AppSession(std::unique_ptr<DatabasePort> database, std::string drawingPath);
+    ~AppSession();
+    AppSession(const AppSession&) = delete;
+    AppSession& operator=(const AppSession&) = delete;
+
+    // Opens the session's answers and output; `terminal` shows panels as
+    // numbered forms on the terminal. Loads the application.
+    bool open(SessionOptions options, bool terminal, std::string& error);
+
+    // True if a command of that name is registered (any case, with or
+    // without the leading underscore).
+    bool knowsCommand(const std::string& name) const;
+    // Runs a command as typed on the command line; an unknown name gets the
+    // platform's reply. Returns the session's status of the run.
+    int runCommand(const std::string& name);
+
+    Session& session() { return session_; }
+    const std::string& drawingPath() const { return drawingPath_; }
+    void setDrawingPath(const std::string& path) { drawingPath_ = path; }
+    HostMenuBar& menuBar() { return menuBar_; }
+
+private:
+    Session session_;
+    std::string drawingPath_;
+    HostMenuBar menuBar_;
+    HostDocuments documents_;
+    std::unique_ptr<PanelDriver> panels_;
+    bool loaded_ = false;
+};
+
+}  // namespace vorn
