@@ -1,0 +1,117 @@
+#include "host/profile_ini.h"
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+
+#include "shell/textnum.h"
+
+namespace vorn {
+
+namespace {
+
+std::string trimmed(const std::string& text)
+{
+    size_t first = text.find_first_not_of(" \t\r");
+    if (first == std::string::npos) return {};
+    size_t last = text.find_last_not_of(" \t\r");
+    return text.substr(first, last - first + 1);
+}
+
+}  // namespace
+
+std::string IniProfile::defaultPath()
+{
+    if (const char* explicitPath = std::getenv("VORNMARK_PROFILE"); explicitPath && *explicitPath) return explicitPath;
+    std::string base;
+    if (const char* config = std::getenv("XDG_CONFIG_HOME"); config && *config) base = config;
+    else if (const char* home = std::getenv("HOME"); home && *home) base.append(home).append("/.config");
+    else base = ".";
+    base.append("/vornmark/profile.ini");
+    return base;
+}
+
+IniProfile::IniProfile(std::string path) : path_(std::move(path)) { load(); }
+
+void IniProfile::load()
+{
+    if (path_.empty()) return;
+    std::ifstream in(path_);
+    std::string line;
+    Section* current = nullptr;
+    while (std::getline(in, line)) {
+        line = trimmed(line);
+        if (line.empty() || line[0] == ';' || line[0] == '#') continue;
+        if (line.front() == '[' && line.back() == ']') {
+            std::string name = line.substr(1, line.size() - 2);
+            current = findSection(name);
+            if (!current) {
+                sections_.push_back({name, {}});
+                current = &sections_.back().second;
+            }
+            continue;
+        }
+        size_t equals = line.find('=');
+        if (!current || equals == std::string::npos) continue;
+        current->push_back({trimmed(line.substr(0, equals)), trimmed(line.substr(equals + 1))});
+    }
+}
+
+bool IniProfile::save() const
+{
+    if (path_.empty()) return true;
+    std::error_code ignored;
+    std::filesystem::path file(path_);
+    if (file.has_parent_path()) std::filesystem::create_directories(file.parent_path(), ignored);
+    std::ofstream out(path_, std::ios::trunc);
+    for (const auto& [name, entries] : sections_) {
+        out << '[' << name << "]\n";
+        for (const auto& [key, value] : entries) out << key << '=' << value << '\n';
+        out << '\n';
+    }
+    out.flush();
+    return static_cast<bool>(out);
+}
+
+IniProfile::Section* IniProfile::findSection(const std::string& name)
+{
+    for (auto& [sectionName, entries] : sections_) {
+        if (iequals(sectionName, name)) return &entries;
+    }
+    return nullptr;
+}
+
+const IniProfile::Section* IniProfile::findSection(const std::string& name) const
+{
+    return const_cast<IniProfile*>(this)->findSection(name);
+}
+
+std::string IniProfile::get(const std::string& section, const std::string& key, const std::string& defaultValue) const
+{
+    if (const Section* entries = findSection(section)) {
+        for (const auto& [entryKey, value] : *entries) {
+            if (iequals(entryKey, key)) return value;
+        }
+    }
+    return defaultValue;
+}
+
+bool IniProfile::set(const std::string& section, const std::string& key, const std::string& value)
+{
+    Section* entries = findSection(section);
+    if (!entries) {
+        sections_.push_back({section, {}});
+        entries = &sections_.back().second;
+    }
+    bool found = false;
+    for (auto& [entryKey, entryValue] : *entries) {
+        if (iequals(entryKey, key)) {
+            entryValue = value;
+            found = true;
+        }
+    }
+    if (!found) entries->push_back({key, value});
+    return save();
+}
+
+}  // namespace vorn

@@ -1,0 +1,69 @@
+#include "host/ui_host.h"
+
+#include <filesystem>
+
+#include "shell/textnum.h"
+
+namespace vorn {
+
+namespace {
+
+std::string dialogSection(const std::string& dialog) { return "Dialogs\\" + dialog; }
+
+std::string dialogTitle(const FileDialogRequest& request)
+{
+    if (!request.title.empty()) return request.title;
+    return request.forOpen ? "Open" : "Save As";
+}
+
+}  // namespace
+
+bool HostUi::fileDialog(const FileDialogRequest& request, std::string& pathOut)
+{
+    std::string title = dialogTitle(request);
+    bool interactive = answers_.interactive();
+    if (err_ && interactive) {
+        std::fprintf(err_, "%s (%s), in %s: ", title.c_str(), request.filter.c_str(), request.folder.c_str());
+        std::fflush(err_);
+    }
+    bool mustExist = request.forOpen && (request.flags & OFN_FILEMUSTEXIST);
+    Answer answer = answers_.next(formatString("a file (file PATH or file <esc>) for the dialog \"%s\" (%s)", title.c_str(),
+                                               request.filter.c_str()),
+                                  [&](const Answer& a) {
+                                      bool typedPath = interactive && a.kind == Answer::Kind::Text;
+                                      return a.kind == Answer::Kind::File || typedPath;
+                                  });
+    std::string path = answer.kind == Answer::Kind::File ? answer.path : answer.text();
+    bool cancelled = answer.kind == Answer::Kind::Esc || answer.fileCancelled;
+    if (!cancelled && mustExist && !std::filesystem::exists(path)) {
+        answers_.reject(answer.line, "the file does not exist");
+        transcript_.fileDialog(title, request.filter, "<esc>");
+        return false;
+    }
+    transcript_.fileDialog(title, request.filter, cancelled ? std::string("<esc>") : path);
+    if (cancelled) return false;
+    pathOut = path;
+    return true;
+}
+
+std::string HostUi::profileString(const std::string& section, const std::string& key, const std::string& defaultValue)
+{
+    return profile_.get(section, key, defaultValue);
+}
+
+bool HostUi::writeProfileString(const std::string& section, const std::string& key, const std::string& value)
+{
+    return profile_.set(section, key, value);
+}
+
+std::string HostUi::dialogData(const std::string& dialog, const std::string& key, const std::string& defaultValue)
+{
+    return profile_.get(dialogSection(dialog), key, defaultValue);
+}
+
+bool HostUi::setDialogData(const std::string& dialog, const std::string& key, const std::string& value)
+{
+    return profile_.set(dialogSection(dialog), key, value);
+}
+
+}  // namespace vorn

@@ -1,0 +1,101 @@
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <filesystem>
+#include <limits>
+
+#include "grid/grid.h"
+#include "index/factor.h"
+#include "shell/report.h"
+
+namespace {
+FactorConversion settings(int function, int tendency, double lower = 10.0, double upper = 20.0)
+{
+    FactorConversion s;
+    s.function = function;
+    s.tendency = tendency;
+    s.lower = lower;
+    s.upper = upper;
+    return s;
+}
+
+double convert(double v, int function, int tendency) { return normaliseFactorValue(v, settings(function, tendency)); }
+}  // namespace
+
+TEST(FactorNormalisation, LinearAndExponentialBands)
+{
+    EXPECT_EQ(convert(10.0, kFunctionLinear, kTendencyNormal), 0.0);
+    EXPECT_EQ(convert(20.0, kFunctionLinear, kTendencyNormal), 100.0);
+    EXPECT_EQ(convert(15.0, kFunctionLinear, kTendencyNormal), 50.0);
+    EXPECT_EQ(convert(10.0, kFunctionLinear, kTendencyInverse), 100.0);
+    EXPECT_EQ(convert(20.0, kFunctionLinear, kTendencyInverse), 0.0);
+    EXPECT_EQ(convert(15.0, kFunctionExponential, kTendencyNormal), 25.0);
+    EXPECT_DOUBLE_EQ(convert(12.0, kFunctionExponential, kTendencyInverse), 64.0);
+    EXPECT_EQ(convert(-5.0, kFunctionExponential, kTendencyNormal), 0.0);
+    EXPECT_EQ(convert(99.0, kFunctionExponential, kTendencyNormal), 100.0);
+}
+
+TEST(FactorNormalisation, InverseJumpsAtBothLimits)
+{
+    EXPECT_EQ(convert(std::nextafter(10.0, 0.0), kFunctionLinear, kTendencyInverse), 0.0);
+    EXPECT_EQ(convert(std::nextafter(20.0, 30.0), kFunctionLinear, kTendencyInverse), 100.0);
+}
+
+TEST(FactorNormalisation, StepLooksAtTheLowerLimitOnly)
+{
+    EXPECT_EQ(convert(10.0, kFunctionStep, kTendencyNormal), 0.0);
+    EXPECT_EQ(convert(10.0, kFunctionStep, kTendencyInverse), 100.0);
+    EXPECT_EQ(convert(10.5, kFunctionStep, kTendencyNormal), 100.0);
+    EXPECT_EQ(convert(1e9, kFunctionStep, kTendencyInverse), 0.0);
+    EXPECT_EQ(convert(10.5, kFunctionStep, 7), 10.5);
+}
+
+TEST(FactorNormalisation, NanAndUnknownFunctionsKeepTheValue)
+{
+    double nan = std::numeric_limits<double>::quiet_NaN();
+    EXPECT_TRUE(std::isnan(convert(nan, kFunctionLinear, kTendencyNormal)));
+    EXPECT_TRUE(std::isnan(convert(nan, kFunctionStep, kTendencyInverse)));
+    EXPECT_EQ(convert(12.5, kFunctionNone, kTendencyNormal), 12.5);
+    EXPECT_EQ(convert(12.5, 3, kTendencyNormal), 12.5);
+    EXPECT_TRUE(std::isnan(normaliseFactorValue(5.0, settings(kFunctionExponential, kTendencyNormal, 5.0, 5.0))));
+}
+
+TEST(FactorConversionRun, ConvertsAllNodesAndReports)
+{
+    auto dir = std::filesystem::temp_directory_path() / "vorn_factor_tests";
+    std::filesystem::create_directories(dir);
+    myGrid g;
+    g.setup(2, 2, 1, 1, 0);
+    for (int i = 0; i <= 2; ++i)
+        for (int j = 0; j <= 2; ++j) g.setValue(i, j, 10.0 + i + j);
+    g.setValue(2, 2, 1000.0);  // a node beyond the cells takes part too
+    g.setTitle("Depth");
+    std::string in = (dir / "in.grd").string();
+    std::string out = (dir / "out.grd").string();
+    ASSERT_TRUE(g.writeGrd(in));
+
+    vorn::CaptureReporter capture;
+    vorn::ScopedReporter scope(capture);
+    FactorConversion s = settings(kFunctionLinear, kTendencyNormal, 10.0, 14.0);
+    s.inputPath = in;
+    s.outputPath = out;
+    s.description = "Depth Index";
+    FactorConversionResult result = runFactorConversion(s);
+    EXPECT_TRUE(result.read && result.written);
+    EXPECT_EQ(capture.printed, "\nLoad from file " + in + "\nIndex has been saved to grid file< " + out + " >" +
+                                   "\nIndividual Factor Normalization/Formulization finished!");
+    ASSERT_EQ(capture.boxes.size(), 1u);
+    EXPECT_EQ(capture.boxes[0].text, "\nIndex has been saved to grid file< " + out + " >");
+
+    myGrid index;
+    ASSERT_TRUE(index.readGrd(out, 1));
+    EXPECT_EQ(index.getTitle(), "Depth Index");
+    EXPECT_EQ(index.getValue(1, 1), 50.0);
+    EXPECT_EQ(index.getValue(2, 2), 100.0);
+
+    s.function = kFunctionNone;
+    runFactorConversion(s);
+    index.readGrd(out, 1);
+    EXPECT_EQ(index.getValue(2, 2), 1000.0);
+    EXPECT_EQ(index.getTitle(), "Depth Index");
+}
