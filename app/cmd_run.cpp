@@ -21,12 +21,12 @@ struct RunOptions {
 int runCommand(const RunOptions& options)
 {
     std::string error;
-    std::unique_ptr<DatabasePort> database = openDrawing(options.drawing, error);
-    if (!database) {
+    auto drawing = openDrawing(options.drawing, error);
+    if (!drawing) {
         std::fprintf(stderr, "vornmark: %s: %s\n", options.drawing.c_str(), error.c_str());
         return kExitFailure;
     }
-    AppSession app(std::move(database), options.drawing);
+    AppSession app(std::move(drawing), options.drawing);
     SessionOptions sessionOptions;
     sessionOptions.answering = options.script.empty() ? SessionOptions::Answering::None : SessionOptions::Answering::Script;
     sessionOptions.scriptPath = options.script;
@@ -38,7 +38,7 @@ int runCommand(const RunOptions& options)
     if (!app.knowsCommand(options.command)) throw UsageError{"unknown command \"" + options.command + "\""};
     int status = app.runCommand(options.command);
     std::fputs("\n", stdout);
-    if (status == 0 && !options.save.empty() && !saveDrawing(app.session().database(), options.save, error)) {
+    if (status == 0 && !options.save.empty() && !app.save(options.save, error)) {
         std::fprintf(stderr, "vornmark: %s: %s\n", options.save.c_str(), error.c_str());
         return kExitFailure;
     }

@@ -28,31 +28,24 @@ bool readCommandLine(std::string& line)
     return true;
 }
 
-void saveCommand(AppSession& app, const std::string& argument)
+void saveCommand(AppSession& app, const std::string& path)
 {
-    std::string path = argument.empty() ? app.drawingPath() : argument;
-    if (path.empty()) {
-        std::fputs("The drawing has no file yet: save FILE.dxf\n", stdout);
-        return;
-    }
     std::string error;
-    if (saveDrawing(app.session().database(), path, error)) {
-        app.setDrawingPath(path);
-        std::printf("Saved %s\n", path.c_str());
-    } else {
-        std::printf("Cannot save %s: %s\n", path.c_str(), error.c_str());
-    }
+    if (app.save(path, error))
+        std::printf("Saved %s\n", app.drawingPath().c_str());
+    else
+        std::printf("Cannot save the drawing: %s (save FILE.dxf)\n", error.c_str());
 }
 
 int runShell(const std::string& drawing)
 {
     std::string error;
-    std::unique_ptr<DatabasePort> database = openDrawing(drawing, error);
-    if (!database) {
+    auto opened = openDrawing(drawing, error);
+    if (!opened) {
         std::fprintf(stderr, "vornmark: %s: %s\n", drawing.c_str(), error.c_str());
         return kExitFailure;
     }
-    AppSession app(std::move(database), drawing);
+    AppSession app(std::move(opened), drawing);
     SessionOptions options;
     options.answering = SessionOptions::Answering::Terminal;
     if (!app.open(options, true, error)) {

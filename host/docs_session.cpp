@@ -3,7 +3,7 @@
 #include <cctype>
 #include <filesystem>
 
-#include "host/db_database.h"
+#include "host/dxf_codec.h"
 #include "shell/cmdstack.h"
 #include "shell/menu.h"
 #include "shell/report.h"
@@ -11,17 +11,21 @@
 
 namespace vorn {
 
-std::unique_ptr<DatabasePort> openDrawing(const std::string& path, std::string& error)
+std::unique_ptr<host::HostDatabase> openDrawing(const std::string& path, std::string& error)
 {
-    if (path.empty()) return std::make_unique<host::HostDatabase>();
-    error = "reading DXF drawings is not available in this build";
-    return nullptr;
+    auto drawing = std::make_unique<host::HostDatabase>();
+    if (path.empty()) return drawing;
+    host::DxfLoadResult loaded = host::loadDxf(path, *drawing);
+    if (!loaded.ok) {
+        error = loaded.error;
+        return nullptr;
+    }
+    return drawing;
 }
 
-bool saveDrawing(DatabasePort&, const std::string&, std::string& error)
+bool saveDrawing(const host::HostDatabase& drawing, const std::string& path, std::string& error)
 {
-    error = "writing DXF drawings is not available in this build";
-    return false;
+    return host::saveDxf(path, drawing, error);
 }
 
 std::string folderOf(const std::string& path)
@@ -41,9 +45,21 @@ std::string upperCase(std::string text)
 }
 }  // namespace
 
-AppSession::AppSession(std::unique_ptr<DatabasePort> database, std::string drawingPath)
-    : session_(std::move(database)), drawingPath_(std::move(drawingPath))
+AppSession::AppSession(std::unique_ptr<host::HostDatabase> drawing, std::string drawingPath)
+    : drawing_(drawing.get()), session_(std::move(drawing)), drawingPath_(std::move(drawingPath))
 {
+}
+
+bool AppSession::save(const std::string& path, std::string& error)
+{
+    std::string target = path.empty() ? drawingPath_ : path;
+    if (target.empty()) {
+        error = "the drawing has no file name yet";
+        return false;
+    }
+    if (!saveDrawing(*drawing_, target, error)) return false;
+    drawingPath_ = target;
+    return true;
 }
 
 AppSession::~AppSession()

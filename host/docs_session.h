@@ -8,6 +8,7 @@
 #include <memory>
 #include <string>
 
+#include "host/db_database.h"
 #include "host/docs_manager.h"
 #include "host/menu_bar.h"
 #include "host/panel_driver.h"
@@ -17,16 +18,16 @@ namespace vorn {
 
 // The drawing of a DXF file, or a new empty drawing for an empty path;
 // nullptr with `error` when the file cannot be read.
-std::unique_ptr<DatabasePort> openDrawing(const std::string& path, std::string& error);
+std::unique_ptr<host::HostDatabase> openDrawing(const std::string& path, std::string& error);
 // Writes the drawing as a DXF file; false with `error` on failure.
-bool saveDrawing(DatabasePort& database, const std::string& path, std::string& error);
+bool saveDrawing(const host::HostDatabase& drawing, const std::string& path, std::string& error);
 // The folder of a file with its trailing separator; the current folder for
 // an empty path.
 std::string folderOf(const std::string& path);
 
 class AppSession {
 public:
-    AppSession(std::unique_ptr<DatabasePort> database, std::string drawingPath);
+    AppSession(std::unique_ptr<host::HostDatabase> drawing, std::string drawingPath);
     ~AppSession();
     AppSession(const AppSession&) = delete;
     AppSession& operator=(const AppSession&) = delete;
@@ -43,11 +44,14 @@ public:
     int runCommand(const std::string& name);
 
     Session& session() { return session_; }
+    host::HostDatabase& drawing() { return *drawing_; }
+    // Saves the drawing to `path`, or to its own file for an empty path.
+    bool save(const std::string& path, std::string& error);
     const std::string& drawingPath() const { return drawingPath_; }
-    void setDrawingPath(const std::string& path) { drawingPath_ = path; }
     HostMenuBar& menuBar() { return menuBar_; }
 
 private:
+    host::HostDatabase* drawing_;
     Session session_;
     std::string drawingPath_;
     HostMenuBar menuBar_;

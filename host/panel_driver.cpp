@@ -51,28 +51,30 @@ bool fits(PanelAnswer::Action action, const PanelControl& control)
     }
 }
 
-std::string tabLine(const Panel& panel)
-{
-    std::vector<std::string> tabs = panel.panelTabs();
-    if (tabs.empty()) return {};
-    std::string line = "tabs:";
-    for (size_t k = 0; k < tabs.size(); ++k)
-        line += (static_cast<int>(k) == panel.panelActiveTab() ? " [" : " ") + quoted(tabs[k]) +
-                (static_cast<int>(k) == panel.panelActiveTab() ? "]" : "");
-    return line;
-}
-
 }  // namespace
 
 void PanelDriver::noteFields(Panel& panel, const std::string& heading)
 {
-    transcript_.panel("panel " + quoted(panel.panelTitle()) + " " + heading);
-    if (std::string tabs = tabLine(panel); !tabs.empty()) transcript_.panel("  " + tabs);
+    std::string note = quoted(panel.panelTitle()) + " " + heading;
+    std::vector<std::string> tabs = panel.panelTabs();
+    if (panel.panelActiveTab() >= 0 && panel.panelActiveTab() < static_cast<int>(tabs.size()))
+        note += ", tab " + quoted(tabs[static_cast<size_t>(panel.panelActiveTab())]);
     for (const PanelControl& control : panel.panelControls()) {
         if (control.kind == ControlKind::Button) continue;
-        transcript_.panel(formatString("  %s %s = %s", controlKindName(control.kind), quoted(control.caption).c_str(),
-                                       quoted(control.valueText()).c_str()));
+        note += formatString("\n  %s %s = %s", controlKindName(control.kind), quoted(control.caption).c_str(),
+                             quoted(control.valueText()).c_str());
     }
+    transcript_.panel(note);
+}
+
+void PanelDriver::noteAction(Panel& panel, const PanelAnswer& answer)
+{
+    std::string note = quoted(panel.panelTitle()) + ": " + actionWord(answer.action);
+    if (!answer.caption.empty()) note += " " + quoted(answer.caption);
+    if (answer.action == PanelAnswer::Action::Set || answer.action == PanelAnswer::Action::Choose)
+        note += " " + answer.value;
+    if (answer.action == PanelAnswer::Action::Check) note += answer.on ? " on" : " off";
+    transcript_.panel(note);
 }
 
 int PanelDriver::runModal(Panel& panel)
@@ -80,7 +82,11 @@ int PanelDriver::runModal(Panel& panel)
     panel.beginModal();
     panel.OnInitDialog();
     noteFields(panel, "opens");
-    while (!panel.hasEnded()) apply(panel, nextAnswer(panel));
+    while (!panel.hasEnded()) {
+        PanelAnswer answer = nextAnswer(panel);
+        noteAction(panel, answer);
+        apply(panel, answer);
+    }
     noteFields(panel, "closes with " + resultName(panel.endResult()));
     return panel.endResult();
 }
@@ -138,12 +144,12 @@ void PanelDriver::applyToControl(Panel& panel, const PanelAnswer& answer)
 
 void PanelDriver::panelVisibility(Panel& panel, bool hidden)
 {
-    transcript_.panel("panel " + quoted(panel.panelTitle()) + (hidden ? " hidden" : " shown again"));
+    transcript_.panel(quoted(panel.panelTitle()) + (hidden ? " hidden" : " shown again"));
 }
 
 void PanelDriver::openAddress(const std::string& address)
 {
-    transcript_.panel("address handed to the shell: " + address);
+    transcript_.panel("hands the address " + quoted(address) + " to the shell");
     consolePrintf("Open %s\n", address.c_str());
 }
 

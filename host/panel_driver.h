@@ -35,6 +35,7 @@ protected:
     virtual void refuse(const PanelAnswer& answer, const std::string& why);
 
     void noteFields(Panel& panel, const std::string& heading);
+    void noteAction(Panel& panel, const PanelAnswer& answer);
     Transcript& transcript() { return transcript_; }
 
 private:

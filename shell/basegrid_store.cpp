@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "drawing/ui_port.h"
-#include "drawing/wrappers.h"
+#include "drawing/stringlist.h"
 #include "shell/commands.h"
 
 void storeBaseGrid(const CDocData& data)

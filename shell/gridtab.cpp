@@ -1,11 +1,6 @@
 #include "shell/gridtab.h"
 
-#include <cmath>
-
-#include "drawing/database_port.h"
 #include "drawing/editor_port.h"
-#include "drawing/platform.h"
-#include "drawing/wrappers.h"
 #include "grid/grid.h"
 #include "shell/report.h"
 #include "shell/textnum.h"

@@ -1,11 +1,8 @@
 // The buttons of the page "Grid Dimension": each gives way to the drawing
 // or a file while it works.
-#include <cmath>
-
-#include "drawing/database_port.h"
+#include "drawing/create.h"
 #include "drawing/editor_port.h"
-#include "drawing/platform.h"
-#include "drawing/wrappers.h"
+#include "drawing/prompts.h"
 #include "grid/grid.h"
 #include "shell/gridtab.h"
 #include "shell/report.h"
@@ -17,20 +14,20 @@ namespace {
 
 ads_point userOrigin(const CGridTab& page) { return {_wtof(page.originUcsXText), _wtof(page.originUcsYText), 0.0}; }
 
+std::vector<vorn::Point2d> planPoints(const std::vector<vorn::Point2>& points)
+{
+    std::vector<vorn::Point2d> plan;
+    for (const vorn::Point2& p : points) plan.push_back({p.x, p.y});
+    return plan;
+}
+
 // The grid's outline as a temporary closed polyline on the current layer.
 vorn::ObjectId addOutline(const myGrid& grid)
 {
-    vorn::DatabasePort* db = vorn::platform().database;
     std::vector<vorn::Point2> corners;
     grid.getOutline(corners);
-    vorn::LwPolyline outline;
-    for (const vorn::Point2& corner : corners) outline.vertices.push_back({{corner.x, corner.y}});
-    outline.closed = true;
-    vorn::Entity entity;
-    entity.common.layer = db->currentLayer();
-    entity.shape = outline;
     vorn::ObjectId id;
-    db->appendToModelSpace(entity, id);
+    addPolylineFromPoints(id, planPoints(corners), true, 0.0, vorn::kColorByLayer);
     return id;
 }
 
@@ -57,14 +54,9 @@ bool dragOutline(const myGrid& grid, const ads_point& base, ads_point& moved)
 // tenth line in colour 6, the others in 7.
 void drawLattice(const myGrid& grid)
 {
-    vorn::DatabasePort* db = vorn::platform().database;
-    auto addLine = [db](const vorn::Point2& from, const vorn::Point2& to, int index) {
-        vorn::Entity entity;
-        entity.common.layer = db->currentLayer();
-        entity.common.colorIndex = index % 10 == 0 ? 6 : 7;
-        entity.shape = vorn::LwPolyline{{{{from.x, from.y}}, {{to.x, to.y}}}};
+    auto addLine = [](const vorn::Point2& from, const vorn::Point2& to, int index) {
         vorn::ObjectId id;
-        db->appendToModelSpace(entity, id);
+        addPolylineFromPoints(id, planPoints({from, to}), false, 0.0, index % 10 == 0 ? 6 : 7);
         acedUpdateDisplay();
     };
     vorn::Point2 from, to;
