@@ -84,11 +84,20 @@ bool AppSession::open(SessionOptions options, bool terminal, std::string& error)
     return true;
 }
 
-bool AppSession::knowsCommand(const std::string& name) const { return acedRegCmds()->lookupCmd(name) != nullptr; }
+namespace {
+// A leading apostrophe asks for a transparent invocation, as menu macros do.
+std::string commandName(const std::string& typed) { return !typed.empty() && typed[0] == '\'' ? typed.substr(1) : typed; }
+}  // namespace
 
-int AppSession::runCommand(const std::string& name)
+bool AppSession::knowsCommand(const std::string& typed) const
 {
-    session_.transcript().printed("\nCommand: " + name);
+    return acedRegCmds()->lookupCmd(commandName(typed)) != nullptr;
+}
+
+int AppSession::runCommand(const std::string& typed)
+{
+    session_.transcript().printed("\nCommand: " + typed);
+    std::string name = commandName(typed);
     return session_.run([&name] {
         const AcEdCommand* command = acedRegCmds()->lookupCmd(name);
         if (!command) {
