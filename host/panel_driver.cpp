@@ -167,7 +167,7 @@ void TerminalPanelDriver::showForm(Panel& panel)
     for (size_t k = 0; k < controls.size(); ++k) {
         const PanelControl& control = controls[k];
         if (control.kind == ControlKind::Button)
-            std::fprintf(out_, " %2zu <%s>\n", k + 1, captions[k].c_str());
+            std::fprintf(out_, " %2zu (%s)\n", k + 1, captions[k].c_str());
         else
             std::fprintf(out_, " %2zu %s [%s]%s\n", k + 1, captions[k].c_str(), control.valueText().c_str(),
                          control.readOnly ? " (read-only)" : "");

@@ -163,13 +163,16 @@ TEST(SetGridCommand, SavesAndImportsAGridDefinition)
 
 TEST(SetGridCommand, ImportRefusesAnUnknownKindOfFile)
 {
+    std::string path = (std::filesystem::temp_directory_path() / "vorn_cmd_setgrid_plain.txt").string();
+    std::fclose(std::fopen(path.c_str(), "w"));
     ScriptedApp app(
         "press \"Import From ... \"\n"
-        "file /tmp/nothing.txt\n"
+        "file " + path + "\n"
         "box ok\n"
         "cancel\n");
     app.run("vorn_setGrid");
     EXPECT_TRUE(contains(app.transcript(), "Unknown grid file !"));
+    std::remove(path.c_str());
 }
 
 TEST(TabTestCommand, ChangesTheRecordButWritesNeitherXrecordNorProfile)
