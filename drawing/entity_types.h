@@ -148,7 +148,7 @@ struct RegionFace {
 };
 
 // A region as polygons with holes; several faces after a union of disjoint
-// parts. Rings keep the orientation they were made with.
+// parts. Outer rings run counter-clockwise, holes clockwise.
 struct Region {
     std::vector<RegionFace> faces;
     double elevation = 0.0;
