@@ -1,0 +1,205 @@
+#include <cmath>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+
+#include <gtest/gtest.h>
+
+#include "drawing/sysvars.h"
+#include "drawing/ui_port.h"
+#include "host/profile_ini.h"
+#include "wrappers_fixture.h"
+
+namespace vorn {
+namespace {
+
+class EditorHost : public ScriptedHost {};
+
+TEST_F(EditorHost, PicksByPointWithinTheAperture)
+{
+    ObjectId square = addSquare("A", 0, 0);
+    run([&] { acedZoomWindow({0, 0, 0}, {100, 100, 0}); });  // aperture 3 px = 0.39 units
+    answer("pick 10.2,5\n5,5\npick 0.3,-0.2\n<enter>\n");
+    std::vector<int> statuses, errnos;
+    ObjectId picked;
+    run([&] {
+        for (int i = 0; i < 4; ++i) {
+            Point3d at;
+            statuses.push_back(acedEntSel("\nSelect object:", picked, at));
+            errnos.push_back(getIntVar("ERRNO"));
+            if (statuses.back() == RTNORM) {
+                EXPECT_EQ(picked, square);
+            }
+        }
+    });
+    EXPECT_EQ(statuses, (std::vector<int>{RTNORM, RTERROR, RTNORM, RTERROR}));
+    EXPECT_EQ(errnos, (std::vector<int>{0, kErrnoNothingPicked, 0, kErrnoNullInput}));
+}
+
+TEST_F(EditorHost, KeywordsAndBitsOfThePromptFamily)
+{
+    answer("k\n7,8\n<enter>\n12\n3,4\n-2\n90\nwhatever\n");
+    run([&] {
+        Point3d point;
+        std::string word;
+        acedInitGet(RSG_OTHER, "Keep");
+        EXPECT_EQ(acedGetPoint(nullptr, "\nPick:", point), RTKWORD);
+        acedGetInput(word);
+        EXPECT_EQ(word, "Keep");
+        EXPECT_EQ(acedGetPoint(nullptr, "\nPick:", point), RTNORM);
+        EXPECT_EQ(point, (Point3d{7, 8, 0}));
+        double value = 0.0;
+        EXPECT_EQ(acedGetReal("\nValue:", value), RTNONE);
+        EXPECT_EQ(acedGetReal("\nValue:", value), RTNORM);
+        EXPECT_DOUBLE_EQ(value, 12.0);
+        Point3d base{0, 0, 5};
+        acedInitGet(RSG_NOZERO | RSG_NONEG | RSG_2D, nullptr);
+        EXPECT_EQ(acedGetDist(&base, "\nDistance:", value), RTNORM);
+        EXPECT_DOUBLE_EQ(value, 5.0);  // in plan
+        EXPECT_EQ(acedGetDist(nullptr, "\nDistance:", value), RTNORM);  // no bits now
+        EXPECT_DOUBLE_EQ(value, -2.0);
+        EXPECT_EQ(acedGetOrient(nullptr, "\nAngle:", value), RTNORM);
+        EXPECT_NEAR(value, std::acos(-1.0) / 2.0, 1e-12);
+        acedInitGet(RSG_OTHER, "Keep");
+        EXPECT_EQ(acedGetKword("\nEnter <K> to Keep:", word), RTNORM);
+        EXPECT_EQ(word, "whatever");
+    });
+    EXPECT_NE(transcript().find("\nPick:k\n\nPick:7,8\n"), std::string::npos) << transcript();
+}
+
+TEST_F(EditorHost, BitsRefuseAnswersInAScript)
+{
+    answer("0\n");
+    int status = run([&] {
+        double value = 0.0;
+        acedInitGet(RSG_NOZERO, nullptr);
+        acedGetDist(nullptr, "\nInput the size of a cell:", value);
+    });
+    EXPECT_EQ(status, 1);
+    EXPECT_NE(session().scriptError().find("a distance or <enter> at \"Input the size of a cell:\""), std::string::npos)
+        << session().scriptError();
+
+    answer("<enter>\n");
+    status = run([&] {
+        Point3d point;
+        acedInitGet(RSG_NONULL, nullptr);
+        acedGetPoint(nullptr, "\nPoint:", point);
+    });
+    EXPECT_EQ(status, 1);
+}
+
+TEST_F(EditorHost, StringsKeepOrCutBlanksAndEnterIsEmpty)
+{
+    answer("North Seam\nNorth Seam\n<enter>\n<esc>\n");
+    run([&] {
+        std::string text = "x";
+        EXPECT_EQ(acedGetString(1, "\nInput new layer name:", text), RTNORM);
+        EXPECT_EQ(text, "North Seam");
+        EXPECT_EQ(acedGetString(0, "\nName:", text), RTNORM);
+        EXPECT_EQ(text, "North");
+        EXPECT_EQ(acedGetString(0, "\n <Enter> key to continue ...", text), RTNORM);
+        EXPECT_EQ(text, "");
+        EXPECT_EQ(acedGetString(0, "\n <Enter> key to continue ...", text), RTCAN);
+    });
+}
+
+TEST_F(EditorHost, HatchCommandHatchesClosedObjectsOnTheCurrentLayer)
+{
+    ObjectId square = addSquare("A", 0, 0);
+    ObjectId open;
+    run([&] {
+        addPolylineFromPoints(open, {{0, 0}, {5, 5}}, false, 0.0, 1);
+        EXPECT_EQ(acedHatchSolid(SelectionSet{{open}}), RTERROR);
+        EXPECT_EQ(acedHatchSolid(SelectionSet{{square}}), RTNORM);
+    });
+    Entity hatch;
+    ASSERT_EQ(database().readEntity(database().lastEntity(), hatch), eOk);
+    ASSERT_NE(hatch.as<Hatch>(), nullptr);
+    EXPECT_EQ(hatch.as<Hatch>()->loops.size(), 1u);
+    EXPECT_EQ(hatch.common.layer, "0");
+}
+
+TEST_F(EditorHost, UnitConversionFollowsTheVariables)
+{
+    run([&] {
+        std::string text;
+        acdbRToS(125.5, -1, -1, text);
+        EXPECT_EQ(text, "125.5000");
+        setIntVar("LUPREC", 1);
+        acdbRToS(125.56, 2, -1, text);
+        EXPECT_EQ(text, "125.6");
+        double value = 0.0;
+        EXPECT_EQ(acdbDisToF(text.c_str(), 2, value), RTNORM);
+        EXPECT_DOUBLE_EQ(value, 125.6);
+        EXPECT_EQ(acdbDisToF("abc", -1, value), RTERROR);
+        acdbAngToS(std::acos(-1.0) / 4.0, 0, 1, text);
+        EXPECT_EQ(text, "45.0");
+    });
+}
+
+TEST(Profile, IniFileKeepsSectionsAndDialogData)
+{
+    std::string path = (std::filesystem::temp_directory_path() / "vorn_profile_test" / "profile.ini").string();
+    std::filesystem::remove_all(std::filesystem::path(path).parent_path());
+    {
+        IniProfile profile(path);
+        EXPECT_EQ(profile.get("Settings", "X", "none"), "none");
+        EXPECT_TRUE(profile.set("Settings", "X", "120"));
+        EXPECT_TRUE(profile.set("Dialogs\\dlg_gridutility", "LAYER", "Seam 1"));
+        EXPECT_TRUE(profile.set("settings", "x", "130"));
+    }
+    IniProfile reread(path);
+    EXPECT_EQ(reread.get("Settings", "X", ""), "130");
+    EXPECT_EQ(reread.get("Dialogs\\dlg_gridutility", "LAYER", ""), "Seam 1");
+    std::filesystem::remove_all(std::filesystem::path(path).parent_path());
+}
+
+TEST(Profile, PathFromTheEnvironment)
+{
+    setenv("VORNMARK_PROFILE", "/tmp/explicit.ini", 1);
+    EXPECT_EQ(IniProfile::defaultPath(), "/tmp/explicit.ini");
+    unsetenv("VORNMARK_PROFILE");
+    setenv("XDG_CONFIG_HOME", "/tmp/config", 1);
+    EXPECT_EQ(IniProfile::defaultPath(), "/tmp/config/vornmark/profile.ini");
+}
+
+TEST_F(EditorHost, ProfileCallsReachTheSessionProfile)
+{
+    run([&] {
+        EXPECT_EQ(GetProfileInt("Settings", "X", -1), -1);
+        EXPECT_TRUE(WriteProfileInt("Settings", "X", 42));
+        EXPECT_EQ(GetProfileInt("Settings", "X", -1), 42);
+        EXPECT_EQ(GetProfileString("Settings", "Missing", "d"), "d");
+    });
+    EXPECT_EQ(session().profile().get("Settings", "X", ""), "42");
+}
+
+TEST(SessionRun, TranscriptFileHoldsPromptsAndAnswers)
+{
+    std::string path = (std::filesystem::temp_directory_path() / "vorn_transcript_test.txt").string();
+    Session session(std::make_unique<host::HostDatabase>());
+    SessionOptions options;
+    options.answering = SessionOptions::Answering::Script;
+    options.scriptText = "10,20\n";
+    options.transcriptPath = path;
+    options.profilePath = "";
+    options.out = nullptr;
+    options.err = nullptr;
+    std::string error;
+    ASSERT_TRUE(session.open(options, error));
+    EXPECT_EQ(session.run([] {
+        acutPrintf("\nStart");
+        Point3d point;
+        acedGetPoint(nullptr, "\nPick a Position Point:", point);
+        acedGetPoint(nullptr, "\nPick Another Corner Point:", point);
+        return 0;
+    }),
+              0);
+    std::ifstream in(path);
+    std::string text((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
+    EXPECT_EQ(text, "\nStart\nPick a Position Point:10,20\n\nPick Another Corner Point:<esc>\n");
+    std::filesystem::remove(path);
+}
+
+}  // namespace
+}  // namespace vorn
