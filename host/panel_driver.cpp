@@ -70,9 +70,9 @@ void PanelDriver::noteFields(Panel& panel, const std::string& heading)
 void PanelDriver::noteAction(Panel& panel, const PanelAnswer& answer)
 {
     std::string note = quoted(panel.panelTitle()) + ": " + actionWord(answer.action);
-    if (!answer.caption.empty()) note += " " + quoted(answer.caption);
+    if (!answer.caption.empty()) note.append(1, ' ').append(quoted(answer.caption));
     if (answer.action == PanelAnswer::Action::Set || answer.action == PanelAnswer::Action::Choose)
-        note += " " + answer.value;
+        note.append(1, ' ').append(answer.value);
     if (answer.action == PanelAnswer::Action::Check) note += answer.on ? " on" : " off";
     transcript_.panel(note);
 }

@@ -131,7 +131,7 @@ TEST_F(Frame, BaseGridComesFromTheFrameStrings)
     frame.xNumText = "20";
     frame.yNumText = "30";
     frame.xCellText = "2.5";
-    frame.yCellText = "5";
+    frame.yCellText = "5.0";
     frame.rotationText = "";
     myGrid grid;
     ASSERT_TRUE(frame.getBaseGrid(grid));
