@@ -16,3 +16,25 @@ echo
 echo "== The index grid"
 "$VORNMARK" grid info "$OUT/depth_index.grd"
 echo
+echo "== Stress model: room-and-pillar panel with gob, 2 seams, 2 steps, surface effects"
+rm -rf "$OUT/keldar" && mkdir -p "$OUT/keldar"
+cp "$HERE/keldar/panel.inp" "$HERE/keldar/panel.top" "$OUT/keldar/"
+"$VORNMARK" keldar "$OUT/keldar/panel.inp" </dev/null
+echo
+ls "$OUT/keldar"
+echo
+echo "== Total vertical stress of step 2 to a grid"
+"$VORNMARK" transfer "$OUT/keldar/panel.f1" --list
+echo
+"$VORNMARK" transfer "$OUT/keldar/panel.f1" --step 2 --item 2 "$OUT/vertical_stress.grd"
+echo
+"$VORNMARK" grid info "$OUT/vertical_stress.grd"
+echo
+echo "== Normalise the stress (linear, inverse: high stress, low stability)"
+"$VORNMARK" genfactor "$OUT/vertical_stress.grd" "$OUT/vertical_stress_index.grd" --function linear --tendency inverse
+echo
+echo "== Overburden stress under the uneven surface"
+"$VORNMARK" topostress "$HERE/topo/surface.grd" "$OUT/surface_stress.grd" --seam-grid "$HERE/topo/seam.grd" </dev/null
+echo
+"$VORNMARK" grid info "$OUT/surface_stress.grd"
+echo

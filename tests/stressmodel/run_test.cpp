@@ -1,0 +1,258 @@
+// Whole runs of small models: the level loop as the `.out` log shows it,
+// the topographic stage on a flat surface, the result file layouts and the
+// `vornmark keldar` command.
+#include <algorithm>
+#include <cstdlib>
+#include <regex>
+#include <sys/wait.h>
+
+#include "shell/userbreak.h"
+#include "tests/stressmodel/model_fixture.h"
+
+namespace vorn::testing {
+namespace {
+
+struct Pass {
+    int step;
+    int level;
+    int largest;
+};
+
+class RunTest : public ScratchFolderTest {
+protected:
+    // Reads, prints and runs the model; gives Run's result.
+    int run(const ModelText& text)
+    {
+        ScopedReporter scoped(capture);
+        if (load(text) != 0 || model->PrintInput() != 0) return -100;
+        return model->Run();
+    }
+    // Writes and reads the model as `model.inp`.
+    int load(const ModelText& text)
+    {
+        writeFile("model.inp", text.text());
+        model = std::make_unique<CModelDat>();
+        model->SetInputPath((folder_ / "model.inp").string());
+        model->SetBaseName("model");
+        return model->ReadInput();
+    }
+    static ModelText twoSeamsTwoSteps()
+    {
+        ModelText text;
+        text.host = "      0.2500,    3000000.0,        600.0,   2,   0";
+        text.seams.push_back("0.0, 0.0, -7680.0,         60.0");
+        text.control = "        1.50,     0.000001,    2000,   1,   2,   1,   0,   0";
+        text.steps = 2;
+        text.fillCodes();
+        return text;
+    }
+    // The solution passes of the log: the first seamCount lines of a step
+    // are its first solution, then one pass per seamCount lines.
+    std::vector<Pass> passes(int seams) const
+    {
+        const std::regex took(R"(SOR took (-?\d+) iterations \d+ secs to converge - Step (\d+), Seam (\d+), Level (\d))");
+        std::vector<Pass> result;
+        for (const std::string& line : lines(readFile("model.out"))) {
+            std::smatch m;
+            if (!std::regex_search(line, m, took)) continue;
+            const int seam = std::stoi(m[3]);
+            if (seam == 1) result.push_back({std::stoi(m[2]), std::stoi(m[4]), 0});
+            result.back().largest = std::max(result.back().largest, std::stoi(m[1]));
+        }
+        return result;
+    }
+
+    std::unique_ptr<CModelDat> model;
+    CaptureReporter capture;
+};
+
+const int kThreshold[4] = {20, 100, 500, 1000};
+
+TEST_F(RunTest, OneSeamWithoutSurfaceMakesOnePassPerLevel)
+{
+    ModelText text;
+    text.fillCodes();
+    ASSERT_EQ(run(text), 0);
+    std::vector<int> levels;
+    for (const Pass& p : passes(1)) levels.push_back(p.level);
+    EXPECT_EQ(levels, (std::vector<int>{3, 3, 2, 1, 0}));
+    const std::string log = readFile("model.out");
+    EXPECT_EQ(log.find("Calculating Interseam"), std::string::npos);
+    EXPECT_EQ(log.find("Calculating Mirror"), std::string::npos);
+}
+
+TEST_F(RunTest, LevelsSettleByTheirThresholdsAndCarryTheCountToTheNextStep)
+{
+    // A loose tolerance ends step 1 with a pass of one iteration, so step 2
+    // skips the external stresses at level 3 once; a tight one does not.
+    std::vector<bool> recalculatedAtStep2;
+    for (const char* tolerance : {"0.000001", "0.01"}) {
+        SCOPED_TRACE(tolerance);
+        ModelText text = twoSeamsTwoSteps();
+        text.control = std::string("        1.50, ") + tolerance + ",    2000,   1,   2,   1,   0,   0";
+        ASSERT_EQ(run(text), 0);
+        const std::vector<Pass> all = passes(2);
+        for (int step = 1; step <= 2; ++step) {
+            std::vector<Pass> p;
+            std::copy_if(all.begin(), all.end(), std::back_inserter(p), [step](const Pass& x) { return x.step == step; });
+            ASSERT_GE(p.size(), 5u);
+            for (std::size_t n = 1; n + 1 < p.size(); ++n) {
+                const bool repeat = p[n].largest > kThreshold[p[n].level];
+                EXPECT_EQ(p[n + 1].level, repeat ? p[n].level : p[n].level - 1) << "pass " << n;
+            }
+            EXPECT_EQ(p.back().level, 0);
+            EXPECT_LE(p.back().largest, 20);
+        }
+        const Pass lastOfStep1 = *std::find_if(all.rbegin(), all.rend(), [](const Pass& x) { return x.step == 1; });
+        const std::string log = readFile("model.out");
+        const bool recalculated =
+            log.find("Calculating Interseam Stresses - Step 2, Seam 1 on Seam 2, Level 3") != std::string::npos;
+        EXPECT_EQ(recalculated, lastOfStep1.largest > 1);
+        EXPECT_NE(log.find("Calculating Mirror-Image Stresses - Step 1, Seam 2 on Seam 2, Level 0"), std::string::npos);
+        recalculatedAtStep2.push_back(recalculated);
+    }
+    EXPECT_EQ(recalculatedAtStep2, (std::vector<bool>{true, false}));
+}
+
+TEST_F(RunTest, AFailedSeamEndsOnlyTheFirstSolutionOfAStep)
+{
+    ModelText text = twoSeamsTwoSteps();
+    text.codeRows[15][3] = '0';  // seam 2 of step 1 holds a refused code
+    EXPECT_EQ(run(text), 1);
+
+    // In a level pass the failed seam counts as settled and the pass goes on.
+    text = twoSeamsTwoSteps();
+    text.codeRows[35][3] = '0';  // seam 2 of step 2, the codes the read leaves
+    ScopedReporter scoped(capture);
+    ASSERT_EQ(load(text), 0);
+    model->Initialize();
+    TextWriter log;
+    ASSERT_TRUE(log.open("model.out"));
+    int largest = 1001;
+    EXPECT_TRUE(model->SolveLevel(2, 0, largest, log));
+    log.close();
+    EXPECT_GT(largest, 0);
+    EXPECT_NE(readFile("model.out").find("SOR took -1 iterations 0 secs to converge - Step 2, Seam 2, Level 0"),
+              std::string::npos);
+}
+
+TEST_F(RunTest, UserBreakEndsTheRunAsAFailure)
+{
+    ModelText text;
+    text.fillCodes();
+    ScopedReporter scoped(capture);
+    ASSERT_EQ(load(text), 0);
+    ASSERT_EQ(model->PrintInput(), 0);
+    requestUserBreak();
+    EXPECT_EQ(model->Run(), 1);
+    EXPECT_EQ(model->cancelled, 1);
+    EXPECT_FALSE(userBreakRequested());
+    const std::string log = readFile("model.out");
+    EXPECT_NE(log.find("Reading in material codes for Step 1, Seam 1"), std::string::npos);
+    EXPECT_EQ(log.find("SOR took"), std::string::npos);
+}
+
+TEST_F(RunTest, FlatSurfaceGivesTheOverburdenOfTheDatumExactly)
+{
+    ModelText text = twoSeamsTwoSteps();
+    ASSERT_EQ(load(text), 0);
+    model->topographicStress = 1;
+    std::string top = "1,400, 100.0, 20, 20, -400.0, -400.0, 7200.0\r\n  1,Height\r\n  1,in\r\n";
+    for (int n = 0; n < 400; ++n) top += "   7200.0000\r\n";
+    writeFile("model.top", top);
+    model->Initialize();
+    ASSERT_EQ(model->TopographicStress(), 0);
+    for (int s = 1; s <= 2; ++s) {
+        const float above = model->topoZ - (model->seamZ[s] - model->seamZ[1]);
+        const double expected = model->density * above;
+        for (int x = 1; x <= 10; ++x)
+            for (int y = 1; y <= 10; ++y) ASSERT_EQ(model->overburdenStress(s, x, y), expected);
+    }
+    const std::string log = readFile("model.out");
+    EXPECT_NE(log.find("Topographic SOR took 2 iterations to converge\r\n"), std::string::npos);
+    EXPECT_NE(log.find("  DISTANCE ABOVE SEAM 1 OF TOPOGRAPHIC DATUM -- 7200.000000\r\n"), std::string::npos);
+    EXPECT_FALSE(model->topoLoad.allocated());
+}
+
+TEST_F(RunTest, ResultFileLayouts)
+{
+    ModelText text = twoSeamsTwoSteps();
+    text.control = "        1.50,     0.000001,    2000,   1,   2,   1,   1,   0";
+    text.offSeam = "      6,        300.0,   3,   2, -100.000000, 50.000000, -7000.000000";
+    ASSERT_EQ(run(text), 0);
+
+    const std::vector<std::string> f1 = lines(readFile("model.f1"));
+    ASSERT_EQ(f1.size(), 3u + 2 * 100);
+    EXPECT_EQ(f1[0], "  2,     100,           60,  10,  10,            0,            0");
+    EXPECT_EQ(f1[1], "  5,Seam Convergence         ,Total Vertical Stress    ,Surface Effect Stress    "
+                     ",Multiple Seam Stress     ,Overburden Stress        ");
+    EXPECT_EQ(f1[2], "  5,                       in,                      psi,                      psi,"
+                     "                      psi,                      psi");
+    EXPECT_TRUE(std::regex_match(f1[3], std::regex(R"(( *[-0-9.e+]+, ){4} *[-0-9.e+]+)")));
+    EXPECT_EQ(lines(readFile("model.f2")).size(), 3u + 2 * 100);
+
+    const std::vector<std::string> off = lines(readFile("model.off"));
+    ASSERT_EQ(off.size(), 3u + 2 * 6);
+    EXPECT_EQ(off[0], "  2,       6,          300,   3,   2,         -100,           50");
+    EXPECT_EQ(off[1], "  1,Off-seam Displacment");
+    EXPECT_EQ(off[2], "  1,in");
+
+    const std::vector<std::string> out = lines(readFile("model.out"));
+    EXPECT_EQ(out[0], "Small test model");
+    EXPECT_EQ(out[1], "");
+    EXPECT_NE(std::find(out.begin(), out.end(), "       1        0.00        0.00    -7680.00       60.00"), out.end());
+    EXPECT_NE(std::find(out.begin(), out.end(), "  Linear Elastic Coal"), out.end());
+    EXPECT_NE(std::find(out.begin(), out.end(), "     FINE MESH, STEP = 2, SEAM = 2"), out.end());
+    EXPECT_NE(std::find(out.begin(), out.end(), "Total Time for Off-Seam Displacement Calculations was 0 secs."), out.end());
+
+    // The cumulative table adds the per-step sums again: its loops are the
+    // sum of the seam tables' totals over the steps.
+    int seamTotals = 0, finalTotal = 0;
+    bool inFinal = false;
+    for (std::size_t n = 0; n < out.size(); ++n) {
+        if (out[n] == "Final Cumulative Profile Information for all Steps and Seams.") inFinal = true;
+        if (out[n].rfind("             ", 0) == 0 && n > 0 && out[n - 1][0] == '-') {
+            (inFinal ? finalTotal : seamTotals) += std::stoi(out[n]);
+        }
+    }
+    EXPECT_EQ(finalTotal, seamTotals);
+    EXPECT_GT(finalTotal, 0);
+
+    ASSERT_EQ(run(text), 0);  // a rerun replaces the files
+    EXPECT_EQ(lines(readFile("model.f1")).size(), 3u + 2 * 100);
+    EXPECT_EQ(lines(readFile("model.off")).size(), 3u + 2 * 6);
+}
+
+int runCommand(const std::string& arguments)
+{
+    const std::string command = std::string(VORN_BINARY) + " " + arguments + " < /dev/null > stdout.txt 2> stderr.txt";
+    const int status = std::system(command.c_str());
+    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+}
+
+TEST_F(RunTest, KeldarCommandRunsBesideTheModel)
+{
+    ModelText text;
+    text.fillCodes();
+    std::filesystem::create_directory("models");
+    writeFile("models/tiny.inp", text.text());
+    EXPECT_EQ(runCommand("keldar models/tiny.inp"), 0);
+    const std::string messages = readFile("stderr.txt");
+    EXPECT_NE(messages.find("The Input File was Successfully Read"), std::string::npos);
+    EXPECT_NE(messages.find("Keldar was finished successfully!\nResults were saved to File(s):\n\t<tiny.f1> for Seam 1"),
+              std::string::npos);
+    EXPECT_EQ(readFile("stdout.txt").rfind("\n Keldar Stress Calculation is ready to run, <Enter> to continue ...", 0), 0u);
+    for (const char* file : {"tiny.out", "tiny.f1", "STEP1.CHR"}) EXPECT_TRUE(std::filesystem::exists(folder_ / "models" / file)) << file;
+
+    writeFile("models/bad.inp", "title only\n");
+    EXPECT_EQ(runCommand("keldar models/bad.inp"), 1);
+    EXPECT_NE(readFile("stderr.txt").find("The Input File was not the Correct Format - OFO1"), std::string::npos);
+
+    text.codeRows[0][0] = '0';
+    writeFile("models/refused.inp", text.text());
+    EXPECT_EQ(runCommand("keldar models/refused.inp"), 1);
+    EXPECT_NE(readFile("stderr.txt").find("Keldar was finished unsuccessfully!"), std::string::npos);
+}
+
+}  // namespace
+}  // namespace vorn::testing
