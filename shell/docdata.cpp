@@ -33,3 +33,9 @@ AcApDataManager<CDocData>& DocVars()
     static AcApDataManager<CDocData> manager;
     return manager;
 }
+
+namespace {
+// The manager exists, and watches the documents, from the time the module is
+// mapped.
+[[maybe_unused]] AcApDataManager<CDocData>& moduleDataManager = DocVars();
+}  // namespace
