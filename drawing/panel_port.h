@@ -12,6 +12,8 @@
 #include <string>
 #include <vector>
 
+#include "shell/report.h"
+
 namespace vorn {
 
 enum class ControlKind { Edit, Check, Radio, List, Combo, Button, Static };
@@ -66,8 +68,8 @@ public:
     // Called by the host when the panel opens.
     virtual void OnInitDialog() {}
     // The panel's OK and Cancel (the "ok" and "cancel" of a driver).
-    virtual void OnOK() { EndDialog(1); }
-    virtual void OnCancel() { EndDialog(2); }
+    virtual void OnOK() { EndDialog(IDOK); }
+    virtual void OnCancel() { EndDialog(IDCANCEL); }
 
     // Runs the panel modally through the platform; IDOK, IDCANCEL, ...
     int DoModal();

@@ -50,7 +50,7 @@ private:
     void showCounts();
     void copyToFrame();
     // A grid set up from the fields, origin in world coordinates.
-    bool buildGrid(class myGrid& grid) const;
+    bool buildGrid(myGrid& grid) const;
     void askCellSize(std::string& width, const char* prompt);
     void takeGridDefinition(const myGrid& grid);
 };
