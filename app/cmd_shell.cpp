@@ -1,6 +1,8 @@
 // `vornmark shell [DRAWING.dxf]`: the interactive command line. Commands
 // are typed by name; prompts are answered on the terminal and panels are
-// shown as numbered forms. "save [FILE]" writes the drawing, "quit" ends.
+// shown as numbered forms. "save [FILE]" writes the drawing, "quit" ends;
+// "unload" and "load" send the application those messages and "menubar"
+// lists the pull-downs on the host's menu bar.
 #include <cstdio>
 #include <string>
 
@@ -37,6 +39,13 @@ void saveCommand(AppSession& app, const std::string& path)
         std::printf("Cannot save the drawing: %s (save FILE.dxf)\n", error.c_str());
 }
 
+void printMenuBar(const HostMenuBar& bar)
+{
+    std::string line;
+    for (const std::string& name : bar.bar()) line += (line.empty() ? "" : " | ") + name;
+    std::printf("%s\n", line.c_str());
+}
+
 int runShell(const std::string& drawing)
 {
     std::string error;
@@ -59,6 +68,12 @@ int runShell(const std::string& drawing)
         if (iequals(word, "quit") || iequals(word, "exit")) break;
         if (iequals(word, "save"))
             saveCommand(app, trimmed(line.substr(word.size())));
+        else if (iequals(word, "load"))
+            app.load();
+        else if (iequals(word, "unload"))
+            app.unload();
+        else if (iequals(word, "menubar"))
+            printMenuBar(app.menuBar());
         else
             app.runCommand(word);
     }

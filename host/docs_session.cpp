@@ -64,7 +64,7 @@ bool AppSession::save(const std::string& path, std::string& error)
 
 AppSession::~AppSession()
 {
-    if (loaded_) session_.run([] { return static_cast<int>(acrxEntryPoint(AcRx::kUnloadAppMsg, nullptr)); });
+    unload();
     setMenuAutomation(nullptr);
 }
 
@@ -79,9 +79,22 @@ bool AppSession::open(SessionOptions options, bool terminal, std::string& error)
     session_.setPanels(panels_.get());
     documents_.open(session_.database(), drawingPath_);
     setMenuAutomation(&menuBar_);
+    load();
+    return true;
+}
+
+void AppSession::load()
+{
+    if (loaded_) return;
     session_.run([] { return static_cast<int>(acrxEntryPoint(AcRx::kInitAppMsg, nullptr)); });
     loaded_ = true;
-    return true;
+}
+
+void AppSession::unload()
+{
+    if (!loaded_) return;
+    session_.run([] { return static_cast<int>(acrxEntryPoint(AcRx::kUnloadAppMsg, nullptr)); });
+    loaded_ = false;
 }
 
 namespace {

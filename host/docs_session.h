@@ -36,6 +36,12 @@ public:
     // numbered forms on the terminal. Loads the application.
     bool open(SessionOptions options, bool terminal, std::string& error);
 
+    // The platform's load and unload messages to the application; the menu
+    // bar keeps whatever the application left on it.
+    void load();
+    void unload();
+    bool loaded() const { return loaded_; }
+
     // True if a command of that name is registered (any case, with or
     // without the leading underscore).
     bool knowsCommand(const std::string& name) const;

@@ -124,4 +124,18 @@ TEST_F(Cli, ShellRunsTypedCommandsAndQuits)
     EXPECT_TRUE(fs::exists(dir / "shell.dxf"));
 }
 
+TEST_F(Cli, ShellKeepsThePullDownOnTheBarAcrossAnUnload)
+{
+    write("typed.txt", "unload\nmenubar\nload\nmenubar\nVORNMenu\nmenubar\nquit\n");
+    ASSERT_EQ(vornmark("shell < " + path("typed.txt")), 0) << read("err.txt");
+    std::string out = read("out.txt");
+    std::string withMenu = "File | Edit | View | Vornmark | Window | Help\n";
+    std::string without = "File | Edit | View | Window | Help\n";
+    size_t first = out.find(withMenu);
+    size_t second = out.find(without, first);
+    ASSERT_NE(first, std::string::npos);
+    ASSERT_NE(second, std::string::npos);
+    EXPECT_NE(out.find(withMenu, second), std::string::npos);
+}
+
 }  // namespace
