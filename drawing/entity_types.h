@@ -41,6 +41,7 @@ struct EntityCommon {
     ResultBuffer xdata;
     // Objects notified of changes (a hatch on its associated boundary).
     std::vector<ObjectId> reactors;
+    friend bool operator==(const EntityCommon&, const EntityCommon&) = default;
 };
 
 // Lightweight polyline vertex. A width below 0 stands for the polyline's
@@ -50,6 +51,7 @@ struct PolyVertex {
     double bulge = 0.0;
     double startWidth = -1.0;
     double endWidth = -1.0;
+    friend bool operator==(const PolyVertex&, const PolyVertex&) = default;
 };
 
 struct LwPolyline {
@@ -57,6 +59,7 @@ struct LwPolyline {
     bool closed = false;
     double elevation = 0.0;
     double constantWidth = 0.0;
+    friend bool operator==(const LwPolyline&, const LwPolyline&) = default;
 };
 
 // Vertex types of the heavy polylines; type 1 is a spline control vertex in
@@ -70,6 +73,7 @@ struct Polyline2dVertex {
     double startWidth = 0.0;
     double endWidth = 0.0;
     int type = k2dVertex;
+    friend bool operator==(const Polyline2dVertex&, const Polyline2dVertex&) = default;
 };
 
 struct Polyline2d {
@@ -78,25 +82,30 @@ struct Polyline2d {
     double elevation = 0.0;
     double defaultStartWidth = 0.0;
     double defaultEndWidth = 0.0;
+    friend bool operator==(const Polyline2d&, const Polyline2d&) = default;
 };
 
 struct Polyline3dVertex {
     Point3d position;
     int type = k3dSimpleVertex;
+    friend bool operator==(const Polyline3dVertex&, const Polyline3dVertex&) = default;
 };
 
 struct Polyline3d {
     std::vector<Polyline3dVertex> vertices;
     bool closed = false;
+    friend bool operator==(const Polyline3d&, const Polyline3d&) = default;
 };
 
 struct Line {
     Point3d start;
     Point3d end;
+    friend bool operator==(const Line&, const Line&) = default;
 };
 
 struct PointEntity {
     Point3d position;
+    friend bool operator==(const PointEntity&, const PointEntity&) = default;
 };
 
 // Angles in radians, counter-clockwise from the X axis, in the plane z of
@@ -106,11 +115,13 @@ struct Arc {
     double radius = 0.0;
     double startAngle = 0.0;
     double endAngle = 0.0;
+    friend bool operator==(const Arc&, const Arc&) = default;
 };
 
 struct Circle {
     Point3d center;
     double radius = 0.0;
+    friend bool operator==(const Circle&, const Circle&) = default;
 };
 
 struct Text {
@@ -118,6 +129,7 @@ struct Text {
     double height = 1.0;
     double rotation = 0.0;  // radians
     std::string text;
+    friend bool operator==(const Text&, const Text&) = default;
 };
 
 // A hatch boundary loop: points with bulges (bulges may be empty: all 0).
@@ -125,6 +137,7 @@ struct HatchLoop {
     int loopType = 1;  // 1 external; other platform loop flags kept as given
     std::vector<Point2d> points;
     std::vector<double> bulges;
+    friend bool operator==(const HatchLoop&, const HatchLoop&) = default;
 };
 
 struct Hatch {
@@ -137,6 +150,7 @@ struct Hatch {
     Vector3d normal{0.0, 0.0, 1.0};
     std::vector<HatchLoop> loops;
     std::vector<ObjectId> associatedIds;  // boundary objects of an associative hatch
+    friend bool operator==(const Hatch&, const Hatch&) = default;
 };
 
 // A closed ring of a region: points without the repeated first point.
@@ -145,6 +159,7 @@ using Ring = std::vector<Point2d>;
 struct RegionFace {
     Ring outer;
     std::vector<Ring> holes;
+    friend bool operator==(const RegionFace&, const RegionFace&) = default;
 };
 
 // A region as polygons with holes; several faces after a union of disjoint
@@ -152,23 +167,27 @@ struct RegionFace {
 struct Region {
     std::vector<RegionFace> faces;
     double elevation = 0.0;
+    friend bool operator==(const Region&, const Region&) = default;
 };
 
 // 3-D face: four corners (a triangle repeats the third).
 struct Face {
     Point3d corners[4];
+    friend bool operator==(const Face&, const Face&) = default;
 };
 
 // 2-D solid: four corners in the platform's "Z" order (a triangle repeats
 // the third).
 struct Solid {
     Point3d corners[4];
+    friend bool operator==(const Solid&, const Solid&) = default;
 };
 
 struct Spline {
     int degree = 2;
     double fitTolerance = 0.0;
     std::vector<Point3d> fitPoints;
+    friend bool operator==(const Spline&, const Spline&) = default;
 };
 
 struct Mline {
@@ -178,6 +197,7 @@ struct Mline {
     Vector3d normal{0.0, 0.0, 1.0};
     bool closed = false;
     std::vector<Point3d> vertices;
+    friend bool operator==(const Mline&, const Mline&) = default;
 };
 
 enum class EntityKind { LwPolyline, Polyline2d, Polyline3d, Line, Point, Arc, Circle, Text, Hatch, Region, Face, Solid, Spline, Mline };
@@ -192,6 +212,7 @@ struct Entity {
     ObjectId id() const { return common.id; }
     template <class T> T* as() { return std::get_if<T>(&shape); }
     template <class T> const T* as() const { return std::get_if<T>(&shape); }
+    friend bool operator==(const Entity&, const Entity&) = default;
 };
 
 // The DXF type name of a kind ("LWPOLYLINE", "POLYLINE" for both heavy

@@ -120,21 +120,34 @@ void HostDatabase::indexEntity(const Entity& entity)
 {
     Extents3d extents;
     if (!entityExtents(entity, extents)) return;
-    PlanBox box = planBoxOf(extents);
-    boxes_[entity.common.id.value] = box;
-    index_.insert(entity.common.id, box);
+    boxes_[entity.common.id.value] = planBoxOf(extents);
+    unindexed_.push_back(entity.common.id);
+}
+
+void HostDatabase::syncIndex() const
+{
+    if (unindexed_.empty()) return;
+    if (unindexed_.size() > index_.size() / 4) {
+        rebuildIndex();
+        return;
+    }
+    for (ObjectId id : unindexed_)
+        if (auto it = boxes_.find(id.value); it != boxes_.end()) index_.insert(id, it->second);
+    unindexed_.clear();
 }
 
 void HostDatabase::unindexEntity(ObjectId id)
 {
+    syncIndex();
     auto it = boxes_.find(id.value);
     if (it == boxes_.end()) return;
     index_.remove(id, it->second);
     boxes_.erase(it);
 }
 
-void HostDatabase::rebuildIndex()
+void HostDatabase::rebuildIndex() const
 {
+    unindexed_.clear();
     std::vector<std::pair<PlanBox, ObjectId>> entries;
     entries.reserve(boxes_.size());
     for (const auto& [id, box] : boxes_) entries.push_back({box, ObjectId{id}});

@@ -15,6 +15,7 @@
 
 namespace vorn::host {
 
+// Movable, not copyable.
 class HostDatabase : public DatabasePort {
 public:
     HostDatabase();
@@ -79,8 +80,6 @@ public:
     // ---- host side
     // Adds a linetype to the table (a drawing being loaded).
     void addLinetype(const std::string& name);
-    // Rebuilds the spatial index in one packed build (after a load).
-    void rebuildIndex();
     std::size_t entityCount() const { return entities_.size() - erasedEntities_; }
     // The largest id in use, so a writer can number further records.
     std::uint64_t highestId() const { return nextId_ - 1; }
@@ -102,6 +101,11 @@ private:
     ErrorStatus checkEntity(const Entity& entity) const;
     void indexEntity(const Entity& entity);
     void unindexEntity(ObjectId id);
+    // Brings entities appended since the last query into the index: one by
+    // one when they are few, by a packed rebuild when they are many (a
+    // drawing being loaded or built).
+    void syncIndex() const;
+    void rebuildIndex() const;
     ErrorStatus addEntry(ObjectId dictionary, const std::string& key, ObjectId entry);
     void eraseObject(ObjectId id);
     void eraseEntity(ObjectId id);
@@ -115,7 +119,8 @@ private:
     std::size_t erasedEntities_ = 0;
     std::vector<ObjectId> order_;
     std::unordered_map<std::uint64_t, PlanBox> boxes_;
-    SpatialIndex index_;
+    mutable SpatialIndex index_;
+    mutable std::vector<ObjectId> unindexed_;
     std::vector<LayerRecord> layers_;
     std::string currentLayer_ = "0";
     std::vector<std::string> linetypes_;

@@ -61,8 +61,10 @@ EntityHead readHead(const Record& r)
     bool inXdata = false;
     int braces = 0;
     bool inReactors = false;
+    bool pastOwner = false;  // 330 before the first subclass marker is the owner
     for (std::size_t i = 1; i < r.size(); ++i) {
         const DxfPair& p = r[i];
+        if (p.code == 100) pastOwner = true;
         if (p.code >= 1000 || inXdata) {
             inXdata = true;
             xdata.push_back(p);
@@ -85,7 +87,7 @@ EntityHead readHead(const Record& r)
             head.common.visible = p.integer() == 0;
         } else if (p.code == 67) {
             head.paperSpace = p.integer() == 1;
-        } else if (p.code != 330 && p.code != 100) {
+        } else if ((p.code != 330 || pastOwner) && p.code != 100) {
             head.own.push_back(p);
         }
     }
@@ -395,17 +397,17 @@ void DxfLoader::run()
     resolveReferences();
     for (const LayerRecord& layer : layerStates_) db_.updateLayer(layer);
     if (!currentLayer_.empty()) db_.setCurrentLayer(currentLayer_);
-    db_.rebuildIndex();
     result_.ok = true;
 }
 
 void DxfLoader::header()
 {
-    std::vector<Record> records = section("HEADER");
-    if (records.empty()) return;
-    const Record& r = records.front();
-    for (std::size_t i = 0; i + 1 < r.size(); ++i)
-        if (r[i].code == 9 && r[i].value == "$CLAYER") currentLayer_ = text(r[i + 1]);
+    bool inHeader = false;
+    for (std::size_t i = 0; i + 1 < pairs_.size(); ++i) {
+        const DxfPair& p = pairs_[i];
+        if (p.code == 0) inHeader = p.value == "SECTION" && pairs_[i + 1].code == 2 && pairs_[i + 1].value == "HEADER";
+        if (inHeader && p.code == 9 && p.value == "$CLAYER") currentLayer_ = text(pairs_[i + 1]);
+    }
 }
 
 void DxfLoader::tables()

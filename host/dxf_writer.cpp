@@ -55,6 +55,7 @@ private:
     void region(const Region& r, const Entity& e);
     void mline(const Mline& m);
     void objects();
+    void objectHead(const char* type, std::uint64_t handle, std::uint64_t owner, const char* subclass);
     void dictionaryHead(std::uint64_t handle, std::uint64_t owner, bool reactor);
     void userDictionary(ObjectId id, std::uint64_t owner);
     void groups();
@@ -597,17 +598,28 @@ void DxfWriter::mline(const Mline& m)
 
 // ---- objects
 
+// An object owned by a dictionary, which is also its reactor.
+void DxfWriter::objectHead(const char* type, std::uint64_t handle, std::uint64_t owner, const char* subclass)
+{
+    out_.text(0, type);
+    out_.handle(5, handle);
+    out_.text(102, "{ACAD_REACTORS");
+    out_.handle(330, owner);
+    out_.text(102, "}");
+    out_.handle(330, owner);
+    out_.text(100, subclass);
+}
+
 void DxfWriter::dictionaryHead(std::uint64_t handle, std::uint64_t owner, bool reactor)
 {
-    out_.text(0, "DICTIONARY");
-    out_.handle(5, handle);
     if (reactor) {
-        out_.text(102, "{ACAD_REACTORS");
+        objectHead("DICTIONARY", handle, owner, "AcDbDictionary");
+    } else {
+        out_.text(0, "DICTIONARY");
+        out_.handle(5, handle);
         out_.handle(330, owner);
-        out_.text(102, "}");
+        out_.text(100, "AcDbDictionary");
     }
-    out_.handle(330, owner);
-    out_.text(100, "AcDbDictionary");
     out_.integer(281, 1);
 }
 
@@ -648,13 +660,7 @@ void DxfWriter::userDictionary(ObjectId id, std::uint64_t owner)
     }
     ResultBuffer data;
     if (db_.readXrecord(id, data) != eOk) return;
-    out_.text(0, "XRECORD");
-    out_.handle(5, id.value);
-    out_.text(102, "{ACAD_REACTORS");
-    out_.handle(330, owner);
-    out_.text(102, "}");
-    out_.handle(330, owner);
-    out_.text(100, "AcDbXrecord");
+    objectHead("XRECORD", id.value, owner, "AcDbXrecord");
     out_.integer(280, 1);
     for (const ResultItem& item : data) out_.item(item);
 }
@@ -668,13 +674,7 @@ void DxfWriter::groups()
         out_.handle(350, g.id.value);
     }
     for (const Group& g : all) {
-        out_.text(0, "GROUP");
-        out_.handle(5, g.id.value);
-        out_.text(102, "{ACAD_REACTORS");
-        out_.handle(330, groupDict_);
-        out_.text(102, "}");
-        out_.handle(330, groupDict_);
-        out_.text(100, "AcDbGroup");
+        objectHead("GROUP", g.id.value, groupDict_, "AcDbGroup");
         out_.text(300, g.description);
         out_.integer(70, 0);
         out_.integer(71, g.selectable ? 1 : 0);
@@ -694,13 +694,7 @@ void DxfWriter::mlineStyles()
     for (const MlineStyle& s : styles) {
         int flags = (s.fillOn ? 1 : 0) | (s.showMiters ? 2 : 0) | (s.startSquareCap ? 16 : 0) | (s.startInnerArcs ? 32 : 0) |
                     (s.startRoundCap ? 64 : 0) | (s.endSquareCap ? 256 : 0) | (s.endInnerArcs ? 512 : 0) | (s.endRoundCap ? 1024 : 0);
-        out_.text(0, "MLINESTYLE");
-        out_.handle(5, s.id.value);
-        out_.text(102, "{ACAD_REACTORS");
-        out_.handle(330, styleDict_);
-        out_.text(102, "}");
-        out_.handle(330, styleDict_);
-        out_.text(100, "AcDbMlineStyle");
+        objectHead("MLINESTYLE", s.id.value, styleDict_, "AcDbMlineStyle");
         out_.text(2, s.name);
         out_.integer(70, flags);
         out_.text(3, s.description);
@@ -729,13 +723,7 @@ void DxfWriter::layouts()
 
 void DxfWriter::layout(std::uint64_t handle, const char* name, int order, std::uint64_t record)
 {
-    out_.text(0, "LAYOUT");
-    out_.handle(5, handle);
-    out_.text(102, "{ACAD_REACTORS");
-    out_.handle(330, layoutDict_);
-    out_.text(102, "}");
-    out_.handle(330, layoutDict_);
-    out_.text(100, "AcDbPlotSettings");
+    objectHead("LAYOUT", handle, layoutDict_, "AcDbPlotSettings");
     out_.text(1, "");
     out_.text(2, "none_device");
     out_.text(4, "");

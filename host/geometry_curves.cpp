@@ -169,7 +169,11 @@ std::vector<Point2d> textBox(const Text& t)
     return closedChain({at(0, 0), at(w, 0), at(w, h), at(0, h)});
 }
 
-std::vector<Point2d> hatchLoopChain(const HatchLoop& loop)
+std::vector<Point2d> hatchLoopChain(const HatchLoop& loop) { return flatten(hatchLoopPath(loop), kOutlineStep); }
+
+}  // namespace
+
+Path hatchLoopPath(const HatchLoop& loop)
 {
     Path path;
     for (std::size_t i = 0; i < loop.points.size(); ++i) {
@@ -179,10 +183,8 @@ std::vector<Point2d> hatchLoopChain(const HatchLoop& loop)
         path.segments.push_back({{p.x, p.y, 0.0}, {q.x, q.y, 0.0}, bulge});
     }
     path.closed = true;
-    return flatten(path, kOutlineStep);
+    return path;
 }
-
-}  // namespace
 
 ArcData arcOf(const Segment& s)
 {

@@ -47,6 +47,9 @@ void intersectInPlan(const Segment& s, const Segment& t, std::vector<Point2d>& o
 // straight between its fit points.
 bool curvePath(const Entity& entity, Path& out);
 
+// The closed path of a hatch boundary loop.
+Path hatchLoopPath(const HatchLoop& loop);
+
 double pathLength(const Path& path);
 // Signed area in plan of the path closed by its chord (counter-clockwise
 // positive), arcs included.

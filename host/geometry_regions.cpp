@@ -142,6 +142,14 @@ bool directOffset(const LwPolyline& pl, double distance, LwPolyline& out)
         Point2d corner;
         if (p.bulge == 0.0 && q.bulge == 0.0 && lineIntersection(p, q, corner)) p.e = q.s = corner;
     }
+    // A straight piece turned round by its corners means the offset folded
+    // over itself.
+    for (std::size_t i = 0; i < count; ++i) {
+        const Point2d& a = v[i].point;
+        const Point2d& b = v[(i + 1) % v.size()].point;
+        const Piece& p = pieces[i];
+        if (p.bulge == 0.0 && (p.e.x - p.s.x) * (b.x - a.x) + (p.e.y - p.s.y) * (b.y - a.y) <= 0.0) return false;
+    }
     out = LwPolyline{};
     out.closed = pl.closed;
     out.elevation = pl.elevation;
@@ -288,7 +296,7 @@ double hatchArea(const Hatch& hatch)
             bg::correct(other);
             if (bg::within(BgPoint{rings[i][0].x, rings[i][0].y}, other)) ++depth;
         }
-        double a = std::abs(ringArea(rings[i]));
+        double a = std::abs(signedArea(hatchLoopPath(hatch.loops[i])));
         area += depth % 2 == 0 ? a : -a;
     }
     return area;

@@ -19,11 +19,13 @@ Box toBox(const PlanBox& b) { return Box{BoxPoint{b.minX, b.minY}, BoxPoint{b.ma
 }  // namespace
 
 struct SpatialIndex::Tree {
-    bgi::rtree<Value, bgi::rstar<16>> rtree;
+    bgi::rtree<Value, bgi::quadratic<16>> rtree;
 };
 
 SpatialIndex::SpatialIndex() : tree_(std::make_unique<Tree>()) {}
 SpatialIndex::~SpatialIndex() = default;
+SpatialIndex::SpatialIndex(SpatialIndex&&) noexcept = default;
+SpatialIndex& SpatialIndex::operator=(SpatialIndex&&) noexcept = default;
 
 void SpatialIndex::insert(ObjectId id, const PlanBox& box) { tree_->rtree.insert(Value{toBox(box), id.value}); }
 
@@ -34,7 +36,7 @@ void SpatialIndex::rebuild(const std::vector<std::pair<PlanBox, ObjectId>>& entr
     std::vector<Value> values;
     values.reserve(entries.size());
     for (const auto& [box, id] : entries) values.push_back({toBox(box), id.value});
-    tree_->rtree = bgi::rtree<Value, bgi::rstar<16>>(values);
+    tree_->rtree = bgi::rtree<Value, bgi::quadratic<16>>(values);
 }
 
 std::vector<ObjectId> SpatialIndex::query(const PlanBox& box) const

@@ -20,6 +20,8 @@ public:
     ~SpatialIndex();
     SpatialIndex(const SpatialIndex&) = delete;
     SpatialIndex& operator=(const SpatialIndex&) = delete;
+    SpatialIndex(SpatialIndex&&) noexcept;
+    SpatialIndex& operator=(SpatialIndex&&) noexcept;
 
     void insert(ObjectId id, const PlanBox& box);
     void remove(ObjectId id, const PlanBox& box);

@@ -152,6 +152,7 @@ std::vector<ObjectId> HostDatabase::select(const SelectionQuery& query) const
     }
     std::size_t needed = polygonMode(query.mode) ? 3 : 2;
     if (query.points.size() < needed) return result;
+    syncIndex();
     for (ObjectId id : index_.query(boxOf(query.points))) {
         if (isErased(id)) continue;
         const Entity& entity = entities_.at(id.value);
@@ -165,6 +166,7 @@ std::vector<ObjectId> HostDatabase::entitiesNear(const Point2d& point, double ap
 {
     std::vector<std::pair<double, ObjectId>> found;
     PlanBox box{point.x - aperture, point.y - aperture, point.x + aperture, point.y + aperture};
+    syncIndex();
     for (ObjectId id : index_.query(box)) {
         if (isErased(id)) continue;
         const Entity& entity = entities_.at(id.value);
