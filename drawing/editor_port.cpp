@@ -121,6 +121,13 @@ int acedGrDraw(const ads_point& from, const ads_point& to, int color, int highli
     return RTNORM;
 }
 
+int acedGrText(int box, const char* text, int highlight)
+{
+    if (!editor()) return RTERROR;
+    editor()->grText(box, vorn::text(text));
+    return RTNORM;
+}
+
 int acedRedraw()
 {
     if (!editor()) return RTERROR;

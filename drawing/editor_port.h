@@ -126,6 +126,8 @@ public:
     virtual void grDraw(const Point3d& from, const Point3d& to, int color, int highlight) = 0;
     // Highlights an entity (or ends its highlight) until it is redrawn.
     virtual void highlight(ObjectId id, bool on) = 0;
+    // Text in the status area (box -1) or a screen menu box.
+    virtual void grText(int box, const std::string& text) = 0;
     // Removes every temporary vector (redraw of the whole view).
     virtual void redraw() = 0;
     virtual void updateDisplay() = 0;
@@ -192,6 +194,7 @@ int acedPrompt(const char* text);
 int acedDragGen(const vorn::SelectionSet& set, const char* prompt, int cursor, const vorn::DragCallback& callback,
                 ads_point& result);
 int acedGrDraw(const ads_point& from, const ads_point& to, int color, int highlight);
+int acedGrText(int box, const char* text, int highlight);
 int acedRedraw();
 void acedUpdateDisplay();
 int acedSetStatusBarProgressMeter(const char* label, int minPos, int maxPos);

@@ -33,6 +33,11 @@ public:
     // Shows a file dialog: true with the chosen path, false on Cancel.
     virtual bool fileDialog(const FileDialogRequest& request, std::string& pathOut) = 0;
 
+    // The colour dialog, starting on a colour index: true with the chosen
+    // index (0 ByBlock and 256 ByLayer only with `allowMetaColor`), false
+    // on Cancel.
+    virtual bool colorDialog(int initialColor, bool allowMetaColor, int& colorOut) = 0;
+
     // The application profile: strings under a section and a key.
     virtual std::string profileString(const std::string& section, const std::string& key,
                                       const std::string& defaultValue) = 0;
@@ -44,6 +49,12 @@ public:
 };
 
 }  // namespace vorn
+
+// The colour dialog of the installed platform; false without a ui.
+bool acedSetColorDialogTrueColor(int& colorIndex, bool allowMetaColor, int currentLayerColor);
+// The red, green and blue of a colour index of the standard palette, as
+// 0x00BBGGRR; black for an index outside 1 to 255.
+unsigned long acedGetRGB(int colorIndex);
 
 // The profile calls as the system's code uses them, on the installed
 // platform; without a ui the default comes back and writes fail.

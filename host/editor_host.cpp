@@ -99,6 +99,11 @@ Answer HostEditor::ask(const std::string& prompt, const std::string& what, const
 std::string HostEditor::describe(const std::string& kind, const Options& options) const
 {
     std::string text = kind.empty() ? std::string("a keyword") : kind;
+    if (!kind.empty() && (options.bits & (RSG_NOZERO | RSG_NONEG))) {
+        text += (options.bits & RSG_NOZERO) ? " (not zero" : " (";
+        if (options.bits & RSG_NONEG) text += (options.bits & RSG_NOZERO) ? ", not negative" : "not negative";
+        text += ")";
+    }
     if (!options.keywords.empty()) {
         text += kind.empty() ? " (" : " or a keyword (";
         for (size_t i = 0; i < options.keywords.size(); ++i) text += (i ? ", " : "") + options.keywords[i].word;
@@ -115,28 +120,24 @@ bool HostEditor::isKeywordAnswer(const Answer& answer, const Options& options) c
     return (options.bits & RSG_OTHER) || matchKeyword(options.keywords, answer.text()).has_value();
 }
 
-bool HostEditor::commonStatus(const Answer& answer, const Options& options, int& status)
+int HostEditor::askFor(const std::string& prompt, const std::string& kind, const Options& options,
+                       const std::function<bool(const Answer&)>& isValue, Answer& answer)
 {
-    if (answer.kind == Kind::Esc) {
-        status = RTCAN;
-        return true;
-    }
-    if (answer.kind == Kind::Enter) {
-        status = RTNONE;
-        return true;
-    }
-    if (answer.kind == Kind::Point || answer.kind == Kind::Number) {
-        // A number or point answers the prompt itself unless it is a keyword.
-        std::optional<std::string> keyword = matchKeyword(options.keywords, answer.text());
-        if (!keyword) return false;
+    bool enterAllowed = !(options.bits & RSG_NONULL);
+    answer = ask(prompt, describe(kind, options), [&](const Answer& a) {
+        if (a.kind == Kind::Enter) return enterAllowed;
+        return isValue(a) || isKeywordAnswer(a, options);
+    });
+    if (answer.kind == Kind::Esc) return RTCAN;
+    if (answer.kind == Kind::Enter) return RTNONE;
+    // A keyword wins over a value written the same way.
+    if (std::optional<std::string> keyword = matchKeyword(options.keywords, answer.text())) {
         lastInput_ = *keyword;
-        status = RTKWORD;
-        return true;
+        return RTKWORD;
     }
-    if (!isKeywordAnswer(answer, options)) return false;
-    lastInput_ = matchKeyword(options.keywords, answer.text()).value_or(answer.text());
-    status = RTKWORD;
-    return true;
+    if (isValue(answer)) return RTNORM;
+    lastInput_ = answer.text();  // any text, with RSG_OTHER
+    return RTKWORD;
 }
 
 bool HostEditor::numberAllowed(double value, const Options& options) const
@@ -147,18 +148,9 @@ bool HostEditor::numberAllowed(double value, const Options& options) const
 
 int HostEditor::getPoint(const Point3d* base, const std::string& prompt, Point3d& out)
 {
-    Options options = takeOptions();
-    bool enterAllowed = !(options.bits & RSG_NONULL);
-    Answer answer = ask(prompt, describe("a point", options), [&](const Answer& a) {
-        if (a.kind == Kind::Enter) return enterAllowed;
-        return a.kind == Kind::Point || isKeywordAnswer(a, options);
-    });
-    int status = RTNORM;
-    if (answer.kind == Kind::Point && !matchKeyword(options.keywords, answer.text())) {
-        out = pointOf(answer);
-        return RTNORM;
-    }
-    commonStatus(answer, options, status);
+    Answer answer;
+    int status = askFor(prompt, "a point", takeOptions(), [](const Answer& a) { return a.kind == Kind::Point; }, answer);
+    if (status == RTNORM) out = pointOf(answer);
     return status;
 }
 
@@ -167,77 +159,66 @@ int HostEditor::getCorner(const Point3d& base, const std::string& prompt, Point3
 int HostEditor::getDist(const Point3d* base, const std::string& prompt, double& out)
 {
     Options options = takeOptions();
-    bool enterAllowed = !(options.bits & RSG_NONULL);
     bool inPlan = (options.bits & RSG_2D) != 0;
-    auto valueOf = [&](const Answer& a) { return a.kind == Kind::Number ? a.number : distanceBetween(*base, pointOf(a), inPlan); };
-    Answer answer = ask(prompt, describe(base ? "a distance or a point" : "a distance", options), [&](const Answer& a) {
-        if (a.kind == Kind::Enter) return enterAllowed;
-        if (a.kind == Kind::Number || (a.kind == Kind::Point && base)) return numberAllowed(valueOf(a), options);
-        return isKeywordAnswer(a, options);
-    });
-    if ((answer.kind == Kind::Number || answer.kind == Kind::Point) && !matchKeyword(options.keywords, answer.text())) {
-        out = valueOf(answer);
-        return RTNORM;
+    auto isValue = [&](const Answer& a) {
+        if (a.kind == Kind::Number) return numberAllowed(a.number, options);
+        if (a.kind != Kind::Point) return false;
+        return !base || numberAllowed(distanceBetween(*base, pointOf(a), inPlan), options);
+    };
+    Answer answer;
+    int status = askFor(prompt, "a distance or a point", options, isValue, answer);
+    if (status != RTNORM) return status;
+    if (answer.kind == Kind::Number) {
+        out = answer.number;
+        return status;
     }
-    int status = RTNORM;
-    commonStatus(answer, options, status);
+    if (base) {
+        out = distanceBetween(*base, pointOf(answer), inPlan);
+        return status;
+    }
+    // A first point without a base point: the distance runs to a second one.
+    Point3d first = pointOf(answer);
+    auto isSecond = [&](const Answer& a) { return a.kind == Kind::Point && numberAllowed(distanceBetween(first, pointOf(a), inPlan), options); };
+    Options plain;
+    plain.bits = RSG_NONULL;
+    status = askFor("\nSpecify second point: ", "a second point", plain, isSecond, answer);
+    if (status == RTNORM) out = distanceBetween(first, pointOf(answer), inPlan);
     return status;
 }
 
 int HostEditor::getOrient(const Point3d* base, const std::string& prompt, double& out)
 {
-    Options options = takeOptions();
-    bool enterAllowed = !(options.bits & RSG_NONULL);
-    Answer answer = ask(prompt, describe(base ? "an angle in degrees or a point" : "an angle in degrees", options), [&](const Answer& a) {
-        if (a.kind == Kind::Enter) return enterAllowed;
-        return a.kind == Kind::Number || (a.kind == Kind::Point && base) || isKeywordAnswer(a, options);
-    });
-    if ((answer.kind == Kind::Number || answer.kind == Kind::Point) && !matchKeyword(options.keywords, answer.text())) {
-        const double turn = 2.0 * std::numbers::pi;
-        double angle = answer.kind == Kind::Number ? answer.number * std::numbers::pi / 180.0 : planAngle(*base, pointOf(answer));
-        angle = std::fmod(angle, turn);
-        out = angle < 0.0 ? angle + turn : angle;
-        return RTNORM;
-    }
-    int status = RTNORM;
-    commonStatus(answer, options, status);
+    auto isValue = [base](const Answer& a) { return a.kind == Kind::Number || (a.kind == Kind::Point && base); };
+    Answer answer;
+    int status = askFor(prompt, base ? "an angle in degrees or a point" : "an angle in degrees", takeOptions(), isValue, answer);
+    if (status != RTNORM) return status;
+    const double turn = 2.0 * std::numbers::pi;
+    double angle = answer.kind == Kind::Number ? answer.number * std::numbers::pi / 180.0 : planAngle(*base, pointOf(answer));
+    angle = std::fmod(angle, turn);
+    out = angle < 0.0 ? angle + turn : angle;
     return status;
 }
 
 int HostEditor::getReal(const std::string& prompt, double& out)
 {
     Options options = takeOptions();
-    bool enterAllowed = !(options.bits & RSG_NONULL);
-    Answer answer = ask(prompt, describe("a number", options), [&](const Answer& a) {
-        if (a.kind == Kind::Enter) return enterAllowed;
-        if (a.kind == Kind::Number) return numberAllowed(a.number, options);
-        return isKeywordAnswer(a, options);
-    });
-    if (answer.kind == Kind::Number && !matchKeyword(options.keywords, answer.text())) {
-        out = answer.number;
-        return RTNORM;
-    }
-    int status = RTNORM;
-    commonStatus(answer, options, status);
+    auto isValue = [&options, this](const Answer& a) { return a.kind == Kind::Number && numberAllowed(a.number, options); };
+    Answer answer;
+    int status = askFor(prompt, "a number", options, isValue, answer);
+    if (status == RTNORM) out = answer.number;
     return status;
 }
 
 int HostEditor::getInt(const std::string& prompt, int& out)
 {
     Options options = takeOptions();
-    bool enterAllowed = !(options.bits & RSG_NONULL);
-    auto isInteger = [](double v) { return v == std::floor(v) && v >= -32768.0 && v <= 32767.0; };
-    Answer answer = ask(prompt, describe("an integer", options), [&](const Answer& a) {
-        if (a.kind == Kind::Enter) return enterAllowed;
-        if (a.kind == Kind::Number) return isInteger(a.number) && numberAllowed(a.number, options);
-        return isKeywordAnswer(a, options);
-    });
-    if (answer.kind == Kind::Number && !matchKeyword(options.keywords, answer.text())) {
-        out = static_cast<int>(answer.number);
-        return RTNORM;
-    }
-    int status = RTNORM;
-    commonStatus(answer, options, status);
+    auto isValue = [&options, this](const Answer& a) {
+        bool integer = a.number == std::floor(a.number) && a.number >= -32768.0 && a.number <= 32767.0;
+        return a.kind == Kind::Number && integer && numberAllowed(a.number, options);
+    };
+    Answer answer;
+    int status = askFor(prompt, "an integer", options, isValue, answer);
+    if (status == RTNORM) out = static_cast<int>(answer.number);
     return status;
 }
 
@@ -253,14 +234,8 @@ int HostEditor::getString(bool allowBlanks, const std::string& prompt, std::stri
 
 int HostEditor::getKword(const std::string& prompt, std::string& out)
 {
-    Options options = takeOptions();
-    bool enterAllowed = !(options.bits & RSG_NONULL);
-    Answer answer = ask(prompt, describe("", options), [&](const Answer& a) {
-        if (a.kind == Kind::Enter) return enterAllowed;
-        return isKeywordAnswer(a, options);
-    });
-    int status = RTNORM;
-    commonStatus(answer, options, status);
+    Answer answer;
+    int status = askFor(prompt, "", takeOptions(), [](const Answer&) { return false; }, answer);
     if (status != RTKWORD) return status;
     out = lastInput_;
     return RTNORM;
@@ -291,21 +266,16 @@ int HostEditor::pickAt(const Point2d& point, ObjectId& idOut)
 
 int HostEditor::entSel(const std::string& prompt, ObjectId& idOut, Point3d& pickedOut)
 {
-    Options options = takeOptions();
-    Answer answer = ask(prompt, describe("a pick (pick X,Y)", options), [&](const Answer& a) {
-        return a.kind == Kind::Pick || a.kind == Kind::Point || a.kind == Kind::Enter || isKeywordAnswer(a, options);
-    });
-    if ((answer.kind == Kind::Pick || answer.kind == Kind::Point) && !matchKeyword(options.keywords, answer.text())) {
-        pickedOut = pointOf(answer);
-        return pickAt(pickedOut.to2d(), idOut);
-    }
-    if (answer.kind == Kind::Enter) {
+    Answer answer;
+    auto isValue = [](const Answer& a) { return a.kind == Kind::Pick || a.kind == Kind::Point; };
+    int status = askFor(prompt, "a pick (pick X,Y)", takeOptions(), isValue, answer);
+    if (status == RTNONE) {
         setErrno(kErrnoNullInput);
         return RTERROR;
     }
-    int status = RTNORM;
-    commonStatus(answer, options, status);
-    return status;
+    if (status != RTNORM) return status;
+    pickedOut = pointOf(answer);
+    return pickAt(pickedOut.to2d(), idOut);
 }
 
 int HostEditor::selectByAnswer(const Answer& answer, const ResultBuffer& filter, SelectionSet& out)
@@ -361,18 +331,12 @@ int HostEditor::selectInteractive(const InteractiveSelection& request, const Sel
 
 int HostEditor::dragGen(const SelectionSet& set, const std::string& prompt, const DragCallback& callback, Point3d& out)
 {
-    Options options = takeOptions();
-    Answer answer = ask(prompt, describe("a point", options), [&](const Answer& a) {
-        return a.kind == Kind::Point || a.kind == Kind::Enter || isKeywordAnswer(a, options);
-    });
-    if (answer.kind == Kind::Point && !matchKeyword(options.keywords, answer.text())) {
-        out = pointOf(answer);
-        double matrix[4][4] = {};
-        if (callback) callback(out, matrix);
-        return RTNORM;
-    }
-    int status = RTNORM;
-    commonStatus(answer, options, status);
+    Answer answer;
+    int status = askFor(prompt, "a point", takeOptions(), [](const Answer& a) { return a.kind == Kind::Point; }, answer);
+    if (status != RTNORM) return status;
+    out = pointOf(answer);
+    double matrix[4][4] = {};
+    if (callback) callback(out, matrix);
     return status;
 }
 
@@ -392,13 +356,38 @@ void HostEditor::highlight(ObjectId id, bool on)
 int HostEditor::setProgressMeter(const std::string& label, int minPos, int maxPos)
 {
     meter_ = ProgressMeter{true, label, minPos, maxPos, minPos};
+    shownPercent_ = -1;
+    showMeter();
     return 0;
 }
 
 int HostEditor::setProgressMeterPos(int pos)
 {
     meter_.pos = pos;
+    showMeter();
     return 0;
+}
+
+// The meter on one terminal line, redrawn when the whole percentage moves.
+void HostEditor::showMeter()
+{
+    if (!progressOut_ || !meter_.shown) return;
+    int span = meter_.maxPos - meter_.minPos;
+    long long done = static_cast<long long>(meter_.pos) - meter_.minPos;
+    int percent = span > 0 ? static_cast<int>(std::clamp(done * 100 / span, 0LL, 100LL)) : 0;
+    if (percent == shownPercent_) return;
+    shownPercent_ = percent;
+    std::fprintf(progressOut_, "\r%s %3d%%", meter_.label.c_str(), percent);
+    std::fflush(progressOut_);
+}
+
+void HostEditor::restoreStatusBar()
+{
+    if (progressOut_ && meter_.shown) {
+        std::fprintf(progressOut_, "\r%*s\r", static_cast<int>(meter_.label.size()) + 5, "");
+        std::fflush(progressOut_);
+    }
+    meter_ = ProgressMeter{};
 }
 
 bool HostEditor::userBreak()

@@ -6,6 +6,7 @@
 // world coordinate system as user coordinate system.
 #pragma once
 
+#include <cstdio>
 #include <map>
 #include <set>
 #include <string>
@@ -58,11 +59,12 @@ public:
 
     void grDraw(const Point3d& from, const Point3d& to, int color, int highlight) override;
     void highlight(ObjectId id, bool on) override;
+    void grText(int box, const std::string& text) override { statusText_ = text; }
     void redraw() override { tempVectors_.clear(); }
     void updateDisplay() override {}
     int setProgressMeter(const std::string& label, int minPos, int maxPos) override;
     int setProgressMeterPos(int pos) override;
-    void restoreStatusBar() override { meter_ = ProgressMeter{}; }
+    void restoreStatusBar() override;
     bool userBreak() override;
 
     int getVar(const std::string& name, ResultItem& out) override;
@@ -82,6 +84,10 @@ public:
     const std::vector<TempVector>& tempVectors() const { return tempVectors_; }
     const ProgressMeter& progressMeter() const { return meter_; }
     const std::set<ObjectId>& highlighted() const { return highlighted_; }
+    // The text last written to the status area.
+    const std::string& statusText() const { return statusText_; }
+    // Where the status bar meter shows itself (a terminal); null: nowhere.
+    void setProgressOutput(std::FILE* out) { progressOut_ = out; }
     // The folder of the drawing (DWGPREFIX), with its trailing separator.
     void setDrawingFolder(const std::string& folder) { drawingFolder_ = folder; }
     // Shows the whole drawing (or a unit square round the origin when empty).
@@ -102,12 +108,16 @@ private:
 
     Options takeOptions();
     Answer ask(const std::string& prompt, const std::string& what, const std::function<bool(const Answer&)>& accept);
-    // Enter, Esc or a keyword: fills the status; false for other answers.
-    bool commonStatus(const Answer& answer, const Options& options, int& status);
+    // Asks until a value of the prompt (`isValue`), Enter (unless the
+    // options forbid it), Esc or a keyword comes: RTNORM for a value, RTNONE,
+    // RTCAN, or RTKWORD with lastInput_ set.
+    int askFor(const std::string& prompt, const std::string& kind, const Options& options,
+               const std::function<bool(const Answer&)>& isValue, Answer& answer);
     bool isKeywordAnswer(const Answer& answer, const Options& options) const;
     std::string describe(const std::string& kind, const Options& options) const;
     bool numberAllowed(double value, const Options& options) const;
     int pickAt(const Point2d& point, ObjectId& idOut);
+    void showMeter();
     int selectByAnswer(const Answer& answer, const ResultBuffer& filter, SelectionSet& out);
     void setErrno(int value);
 
@@ -119,7 +129,10 @@ private:
     std::string lastPrompt_;
     std::vector<TempVector> tempVectors_;
     ProgressMeter meter_;
+    std::FILE* progressOut_ = nullptr;
+    int shownPercent_ = -1;
     std::set<ObjectId> highlighted_;
+    std::string statusText_;
     std::string drawingFolder_;
     std::map<std::string, ResultItem> variables_;
     View view_;

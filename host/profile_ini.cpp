@@ -4,31 +4,18 @@
 #include <filesystem>
 #include <fstream>
 
+#include "host/host_text.h"
 #include "shell/textnum.h"
 
 namespace vorn {
 
-namespace {
-
-std::string trimmed(const std::string& text)
-{
-    size_t first = text.find_first_not_of(" \t\r");
-    if (first == std::string::npos) return {};
-    size_t last = text.find_last_not_of(" \t\r");
-    return text.substr(first, last - first + 1);
-}
-
-}  // namespace
-
 std::string IniProfile::defaultPath()
 {
     if (const char* explicitPath = std::getenv("VORNMARK_PROFILE"); explicitPath && *explicitPath) return explicitPath;
-    std::string base;
+    std::filesystem::path base(".");
     if (const char* config = std::getenv("XDG_CONFIG_HOME"); config && *config) base = config;
-    else if (const char* home = std::getenv("HOME"); home && *home) base.append(home).append("/.config");
-    else base = ".";
-    base.append("/vornmark/profile.ini");
-    return base;
+    else if (const char* home = std::getenv("HOME"); home && *home) base = std::filesystem::path(home) / ".config";
+    return (base / "vornmark" / "profile.ini").string();
 }
 
 IniProfile::IniProfile(std::string path) : path_(std::move(path)) { load(); }
@@ -40,7 +27,7 @@ void IniProfile::load()
     std::string line;
     Section* current = nullptr;
     while (std::getline(in, line)) {
-        line = trimmed(line);
+        line = trimBlanks(line);
         if (line.empty() || line[0] == ';' || line[0] == '#') continue;
         if (line.front() == '[' && line.back() == ']') {
             std::string name = line.substr(1, line.size() - 2);
@@ -53,7 +40,7 @@ void IniProfile::load()
         }
         size_t equals = line.find('=');
         if (!current || equals == std::string::npos) continue;
-        current->push_back({trimmed(line.substr(0, equals)), trimmed(line.substr(equals + 1))});
+        current->push_back({trimBlanks(line.substr(0, equals)), trimBlanks(line.substr(equals + 1))});
     }
 }
 

@@ -6,19 +6,13 @@
 
 #include "shell/report.h"
 #include "shell/textfile.h"
+#include "host/host_text.h"
 #include "shell/textnum.h"
 
 namespace vorn {
 
 namespace {
 
-std::string trim(const std::string& text)
-{
-    size_t first = text.find_first_not_of(" \t\r\n");
-    if (first == std::string::npos) return {};
-    size_t last = text.find_last_not_of(" \t\r\n");
-    return text.substr(first, last - first + 1);
-}
 
 // A whole number in the text, nothing else.
 bool parseNumber(const std::string& text, double& value)
@@ -38,9 +32,9 @@ bool parsePoint(const std::string& text, double& x, double& y, double& z, bool& 
     size_t second = text.find(',', first + 1);
     hasZ = second != std::string::npos;
     z = 0.0;
-    if (!parseNumber(trim(text.substr(0, first)), x)) return false;
-    if (!hasZ) return parseNumber(trim(text.substr(first + 1)), y);
-    return parseNumber(trim(text.substr(first + 1, second - first - 1)), y) && parseNumber(trim(text.substr(second + 1)), z);
+    if (!parseNumber(trimBlanks(text.substr(0, first)), x)) return false;
+    if (!hasZ) return parseNumber(trimBlanks(text.substr(first + 1)), y);
+    return parseNumber(trimBlanks(text.substr(first + 1, second - first - 1)), y) && parseNumber(trimBlanks(text.substr(second + 1)), z);
 }
 
 // Splits "word rest" at the first blank; rest is trimmed.
@@ -48,7 +42,7 @@ void splitWord(const std::string& text, std::string& word, std::string& rest)
 {
     size_t blank = text.find_first_of(" \t");
     word = toLower(text.substr(0, blank));
-    rest = blank == std::string::npos ? std::string() : trim(text.substr(blank));
+    rest = blank == std::string::npos ? std::string() : trimBlanks(text.substr(blank));
 }
 
 // A leading double-quoted text: the caption of a panel line.
@@ -58,7 +52,7 @@ bool takeQuoted(std::string& text, std::string& quoted)
     size_t close = text.find('"', 1);
     if (close == std::string::npos) return false;
     quoted = text.substr(1, close - 1);
-    text = trim(text.substr(close + 1));
+    text = trimBlanks(text.substr(close + 1));
     return true;
 }
 
@@ -175,7 +169,7 @@ std::unique_ptr<ScriptSource> ScriptSource::fromText(const std::string& text, co
         size_t end = text.find('\n', start);
         if (end == std::string::npos) end = text.size();
         ++number;
-        std::string line = trim(text.substr(start, end - start));
+        std::string line = trimBlanks(text.substr(start, end - start));
         if (!line.empty() && line[0] != '#') source->lines_.push_back({name, number, line});
         start = end + 1;
     }
@@ -207,7 +201,7 @@ std::optional<ScriptLine> TerminalSource::nextLine()
     int c = 0;
     while ((c = std::fgetc(in_)) != EOF && c != '\n') text += static_cast<char>(c);
     if (c == EOF && text.empty()) return std::nullopt;
-    return ScriptLine{"terminal", ++lineNumber_, trim(text)};
+    return ScriptLine{"terminal", ++lineNumber_, trimBlanks(text)};
 }
 
 Answers::Answers(std::unique_ptr<AnswerSource> source) : source_(std::move(source)) {}

@@ -1,5 +1,9 @@
 #include "host/session.h"
 
+#include <unistd.h>
+
+#include "shell/userbreak.h"
+
 namespace vorn {
 
 Session::Session(std::unique_ptr<DatabasePort> database) : database_(std::move(database))
@@ -23,17 +27,19 @@ bool Session::open(const SessionOptions& options, std::string& error)
         if (!script) return false;
         answers_.setSource(std::move(script));
     } else if (options.answering == Answering::Terminal) {
-        answers_.setSource(std::make_unique<TerminalSource>());
+        answers_.setSource(std::make_unique<TerminalSource>(options.in));
         std::FILE* err = options.err;
         answers_.setComplain([err](const std::string& message) {
             if (err) std::fprintf(err, "%s\n", message.c_str());
         });
     }
+    installUserBreakHandler();
     profile_ = IniProfile(options.profilePath.value_or(IniProfile::defaultPath()));
     reporter_ = std::make_unique<HostReporter>(answers_, transcript_, options.out, options.err);
     reporter_->setHasAnswers(options.answering != Answering::None);
     editor_ = std::make_unique<HostEditor>(*database_, answers_, *reporter_);
     editor_->setDrawingFolder(options.drawingFolder);
+    if (options.err && isatty(fileno(options.err))) editor_->setProgressOutput(options.err);
     ui_ = std::make_unique<HostUi>(answers_, transcript_, profile_, options.err);
     return true;
 }
@@ -44,6 +50,7 @@ int Session::run(const std::function<int()>& command)
 {
     int status = 1;
     scriptError_.clear();
+    clearUserBreak();  // a Ctrl-C between commands breaks nothing
     {
         ScopedPlatform installedPlatform(platform());
         ScopedReporter installedReporter(*reporter_);

@@ -41,6 +41,7 @@ struct SessionOptions {
     // string keeps the profile in memory.
     std::optional<std::string> profilePath;
     std::string drawingFolder;   // DWGPREFIX, with its trailing separator
+    std::FILE* in = stdin;       // Terminal: where the typed lines come from
     std::FILE* out = stdout;     // command line (null: quiet)
     std::FILE* err = stderr;     // message boxes, script errors (null: quiet)
 };
@@ -52,8 +53,8 @@ public:
     Session(const Session&) = delete;
     Session& operator=(const Session&) = delete;
 
-    // Sets up answers, profile and output; false with `error` when the
-    // script cannot be read.
+    // Sets up answers, profile and output, and makes Ctrl-C the user break;
+    // false with `error` when the script cannot be read.
     bool open(const SessionOptions& options, std::string& error);
 
     // The panel host (the panel driver of the shell); not owned.

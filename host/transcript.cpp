@@ -26,6 +26,11 @@ void Transcript::fileDialog(const std::string& title, const std::string& filter,
     bracketLine("file dialog \"" + title + "\" (" + filter + ") -> " + answer);
 }
 
+void Transcript::colorDialog(int initialColor, const std::string& answer)
+{
+    bracketLine("colour dialog starting on " + std::to_string(initialColor) + " -> " + answer);
+}
+
 void Transcript::panel(const std::string& note) { bracketLine("panel " + note); }
 
 bool Transcript::writeTo(const std::string& path) const

@@ -18,6 +18,8 @@ public:
     void messageBox(const std::string& text, const std::string& caption, const std::string& answer);
     // A file dialog: its title and filter, and the chosen path or "<esc>".
     void fileDialog(const std::string& title, const std::string& filter, const std::string& answer);
+    // The colour dialog: its starting colour index and the chosen one or "<esc>".
+    void colorDialog(int initialColor, const std::string& answer);
     // A note of the panel driver ("panel \"Define a Grid\" opened", ...).
     void panel(const std::string& note);
 

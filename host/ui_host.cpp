@@ -46,6 +46,24 @@ bool HostUi::fileDialog(const FileDialogRequest& request, std::string& pathOut)
     return true;
 }
 
+bool HostUi::colorDialog(int initialColor, bool allowMetaColor, int& colorOut)
+{
+    int lowest = allowMetaColor ? 0 : 1;
+    int highest = allowMetaColor ? 256 : 255;
+    if (err_ && answers_.interactive()) {
+        std::fprintf(err_, "Colour index (%d to %d) <%d>: ", lowest, highest, initialColor);
+        std::fflush(err_);
+    }
+    auto isIndex = [&](const Answer& a) {
+        return a.kind == Answer::Kind::Number && a.number == static_cast<int>(a.number) && a.number >= lowest && a.number <= highest;
+    };
+    Answer answer = answers_.next(formatString("a colour index from %d to %d or <esc> for the colour dialog", lowest, highest), isIndex);
+    bool chosen = answer.kind == Answer::Kind::Number;
+    if (chosen) colorOut = static_cast<int>(answer.number);
+    transcript_.colorDialog(initialColor, chosen ? std::to_string(colorOut) : std::string("<esc>"));
+    return chosen;
+}
+
 std::string HostUi::profileString(const std::string& section, const std::string& key, const std::string& defaultValue)
 {
     return profile_.get(section, key, defaultValue);

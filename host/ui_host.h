@@ -1,5 +1,6 @@
 // The user interface of the stand-alone host: file dialogs answered by
-// `file PATH` or `file <esc>` lines (a path typed at the terminal), and the
+// `file PATH` or `file <esc>` lines (a path typed at the terminal), the
+// colour dialog by a colour index (a number line) or <esc>, and the
 // profile in an INI file. Dialog data lives in the profile section
 // "Dialogs\<dialog name>".
 #pragma once
@@ -20,6 +21,7 @@ public:
     }
 
     bool fileDialog(const FileDialogRequest& request, std::string& pathOut) override;
+    bool colorDialog(int initialColor, bool allowMetaColor, int& colorOut) override;
     std::string profileString(const std::string& section, const std::string& key, const std::string& defaultValue) override;
     bool writeProfileString(const std::string& section, const std::string& key, const std::string& value) override;
     std::string dialogData(const std::string& dialog, const std::string& key, const std::string& defaultValue) override;

@@ -8,6 +8,7 @@
 #include "drawing/sysvars.h"
 #include "drawing/ui_port.h"
 #include "host/profile_ini.h"
+#include "shell/userbreak.h"
 #include "wrappers_fixture.h"
 
 namespace vorn {
@@ -38,7 +39,7 @@ TEST_F(EditorHost, PicksByPointWithinTheAperture)
 
 TEST_F(EditorHost, KeywordsAndBitsOfThePromptFamily)
 {
-    answer("k\n7,8\n<enter>\n12\n3,4\n-2\n90\nwhatever\n");
+    answer("k\n7,8\n<enter>\n12\n3,4\n-2\n1,1\n4,5\n90\nwhatever\n");
     run([&] {
         Point3d point;
         std::string word;
@@ -58,6 +59,8 @@ TEST_F(EditorHost, KeywordsAndBitsOfThePromptFamily)
         EXPECT_DOUBLE_EQ(value, 5.0);  // in plan
         EXPECT_EQ(acedGetDist(nullptr, "\nDistance:", value), RTNORM);  // no bits now
         EXPECT_DOUBLE_EQ(value, -2.0);
+        EXPECT_EQ(acedGetDist(nullptr, "\nDistance:", value), RTNORM);  // from a first to a second point
+        EXPECT_DOUBLE_EQ(value, 5.0);
         EXPECT_EQ(acedGetOrient(nullptr, "\nAngle:", value), RTNORM);
         EXPECT_NEAR(value, std::acos(-1.0) / 2.0, 1e-12);
         acedInitGet(RSG_OTHER, "Keep");
@@ -76,7 +79,7 @@ TEST_F(EditorHost, BitsRefuseAnswersInAScript)
         acedGetDist(nullptr, "\nInput the size of a cell:", value);
     });
     EXPECT_EQ(status, 1);
-    EXPECT_NE(session().scriptError().find("a distance or <enter> at \"Input the size of a cell:\""), std::string::npos)
+    EXPECT_NE(session().scriptError().find("a distance or a point (not zero) or <enter> at \"Input the size of a cell:\""), std::string::npos)
         << session().scriptError();
 
     answer("<enter>\n");
@@ -135,6 +138,52 @@ TEST_F(EditorHost, UnitConversionFollowsTheVariables)
         acdbAngToS(std::acos(-1.0) / 4.0, 0, 1, text);
         EXPECT_EQ(text, "45.0");
     });
+}
+
+TEST_F(EditorHost, MeterAndUserBreak)
+{
+    std::FILE* terminal = std::tmpfile();
+    editor().setProgressOutput(terminal);
+    run([&] {
+        acedSetStatusBarProgressMeter("Building grid", 0, 200);
+        acedSetStatusBarProgressMeterPos(50);
+        acedSetStatusBarProgressMeterPos(51);  // still 25 %
+        EXPECT_EQ(editor().progressMeter().pos, 51);
+        EXPECT_FALSE(acedUsrBrk());
+        requestUserBreak();
+        EXPECT_TRUE(acedUsrBrk());
+        EXPECT_FALSE(acedUsrBrk());  // read once
+        acedRestoreStatusBar();
+    });
+    EXPECT_FALSE(editor().progressMeter().shown);
+    std::rewind(terminal);
+    char shown[128] = {};
+    size_t length = std::fread(shown, 1, sizeof shown - 1, terminal);
+    EXPECT_EQ(std::string(shown, length).substr(0, 38), "\rBuilding grid   0%\rBuilding grid  25%");
+    std::fclose(terminal);
+}
+
+TEST_F(EditorHost, ColourDialogTakesAnIndexAndThePaletteIsStandard)
+{
+    answer("5\n256\n<esc>\n");
+    run([&] {
+        int color = 3;
+        EXPECT_TRUE(acedSetColorDialogTrueColor(color, false, 7));
+        EXPECT_EQ(color, 5);
+        EXPECT_TRUE(acedSetColorDialogTrueColor(color, true, 7));
+        EXPECT_EQ(color, 256);
+        EXPECT_FALSE(acedSetColorDialogTrueColor(color, false, 7));
+        EXPECT_EQ(color, 256);
+        acedGrText(-1, "Cell(1,2) Value: 3.00", 0);
+    });
+    EXPECT_EQ(editor().statusText(), "Cell(1,2) Value: 3.00");
+    EXPECT_NE(transcript().find("[colour dialog starting on 3 -> 5]"), std::string::npos) << transcript();
+    EXPECT_EQ(acedGetRGB(1), 0x0000FFul);
+    EXPECT_EQ(acedGetRGB(13), 0x5252A5ul);  // 165, 82, 82
+    EXPECT_EQ(acedGetRGB(21), 0x7F9FFFul);  // 255, 159, 127
+    EXPECT_EQ(acedGetRGB(140), 0xFFBF00ul);  // 0, 191, 255
+    EXPECT_EQ(acedGetRGB(250), 0x333333ul);
+    EXPECT_EQ(acedGetRGB(0), 0ul);
 }
 
 TEST(Profile, IniFileKeepsSectionsAndDialogData)
@@ -199,6 +248,42 @@ TEST(SessionRun, TranscriptFileHoldsPromptsAndAnswers)
     std::string text((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
     EXPECT_EQ(text, "\nStart\nPick a Position Point:10,20\n\nPick Another Corner Point:<esc>\n");
     std::filesystem::remove(path);
+}
+
+}  // namespace
+}  // namespace vorn
+
+namespace vorn {
+namespace {
+
+TEST(SessionRun, TerminalAnswersAreAskedAgainWhenWrong)
+{
+    std::FILE* typed = std::tmpfile();
+    std::FILE* errors = std::tmpfile();
+    std::fputs("Maybe\ny\n", typed);
+    std::rewind(typed);
+    Session session(std::make_unique<host::HostDatabase>());
+    SessionOptions options;
+    options.answering = SessionOptions::Answering::Terminal;
+    options.in = typed;
+    options.profilePath = "";
+    options.out = nullptr;
+    options.err = errors;
+    std::string error;
+    ASSERT_TRUE(session.open(options, error));
+    std::string word;
+    EXPECT_EQ(session.run([&word] {
+        acedInitGet(0, "Yes No");
+        return acedGetKword("\nDelete? [Yes/<No>]:", word);
+    }),
+              RTNORM);
+    EXPECT_EQ(word, "Yes");
+    std::rewind(errors);
+    char shown[256] = {};
+    std::string complaint(shown, std::fread(shown, 1, sizeof shown - 1, errors));
+    EXPECT_NE(complaint.find("terminal line 1: \"Maybe\": the system asked for a keyword (Yes, No)"), std::string::npos) << complaint;
+    std::fclose(typed);
+    std::fclose(errors);
 }
 
 }  // namespace
