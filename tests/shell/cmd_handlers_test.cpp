@@ -4,8 +4,6 @@
 
 namespace {
 
-bool contains(const std::string& text, const std::string& part) { return text.find(part) != std::string::npos; }
-
 TEST(Handlers, CmrrAndHorizStressOpenTheSameFrame)
 {
     ScriptedApp app("cancel\ncancel\n");

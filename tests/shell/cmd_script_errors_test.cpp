@@ -4,8 +4,6 @@
 
 namespace {
 
-bool contains(const std::string& text, const std::string& part) { return text.find(part) != std::string::npos; }
-
 TEST(ScriptErrors, AnUnknownCaptionStopsTheRunNamingTheLine)
 {
     ScriptedApp app("# a comment\nset \"No Such Field\" 5\nok\n");

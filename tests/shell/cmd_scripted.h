@@ -42,6 +42,8 @@ private:
     vorn::AppSession app_;
 };
 
+inline bool contains(const std::string& text, const std::string& part) { return text.find(part) != std::string::npos; }
+
 // The transcript's line for a field of an open or closing panel.
 inline std::string fieldNote(const std::string& caption, const std::string& value)
 {

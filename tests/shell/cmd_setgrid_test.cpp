@@ -9,8 +9,6 @@
 
 namespace {
 
-bool contains(const std::string& text, const std::string& part) { return text.find(part) != std::string::npos; }
-
 TEST(SetGridCommand, ANewDrawingShowsTenCellsOfTenAndOkStoresTheDefinitionEverywhere)
 {
     ScriptedApp app("ok\n");

@@ -5,8 +5,6 @@
 
 namespace {
 
-bool contains(const std::string& text, const std::string& part) { return text.find(part) != std::string::npos; }
-
 TEST(GridTab, CountsAreHeldToWholeNumbersFromOneTo2000)
 {
     ScriptedApp app(
