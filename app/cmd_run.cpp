@@ -1,0 +1,60 @@
+// `vornmark run COMMAND`: opens a drawing (a new one without --drawing),
+// loads the application, runs one command with answers from a script and
+// saves the drawing when asked.
+#include <cstdio>
+#include <string>
+
+#include "app/commands.h"
+#include "host/docs_session.h"
+
+namespace vorn::app {
+namespace {
+
+struct RunOptions {
+    std::string command;
+    std::string drawing;
+    std::string save;
+    std::string script;
+    std::string transcript;
+};
+
+int runCommand(const RunOptions& options)
+{
+    std::string error;
+    auto drawing = openDrawing(options.drawing, error);
+    if (!drawing) {
+        std::fprintf(stderr, "vornmark: %s: %s\n", options.drawing.c_str(), error.c_str());
+        return kExitFailure;
+    }
+    AppSession app(std::move(drawing), options.drawing);
+    SessionOptions sessionOptions;
+    sessionOptions.answering = options.script.empty() ? SessionOptions::Answering::None : SessionOptions::Answering::Script;
+    sessionOptions.scriptPath = options.script;
+    sessionOptions.transcriptPath = options.transcript;
+    if (!app.open(sessionOptions, false, error)) {
+        std::fprintf(stderr, "vornmark: %s\n", error.c_str());
+        return kExitFailure;
+    }
+    if (!app.knowsCommand(options.command)) throw UsageError{"unknown command \"" + options.command + "\""};
+    int status = app.runCommand(options.command);
+    std::fputs("\n", stdout);
+    if (status == 0 && !options.save.empty() && !app.save(options.save, error)) {
+        std::fprintf(stderr, "vornmark: %s: %s\n", options.save.c_str(), error.c_str());
+        return kExitFailure;
+    }
+    return status == 0 ? kExitOk : kExitFailure;
+}
+
+CommandGroup group{80, [](CLI::App& parser, Action& action) {
+    auto options = std::make_shared<RunOptions>();
+    auto* sub = parser.add_subcommand("run", "Run one command of the application on a drawing, answered by a script");
+    sub->add_option("COMMAND", options->command, "Command name, any case, with or without the leading underscore")->required();
+    sub->add_option("--drawing", options->drawing, "Drawing to open (DXF); a new drawing without it");
+    sub->add_option("--save", options->save, "Save the drawing to this DXF file afterwards");
+    sub->add_option("--script", options->script, "Script file answering the command's requests");
+    sub->add_option("--transcript", options->transcript, "Write everything said and asked to this file");
+    sub->callback([&action, options] { action = [options] { return runCommand(*options); }; });
+}};
+
+}  // namespace
+}  // namespace vorn::app

@@ -1,0 +1,92 @@
+// `vornmark shell [DRAWING.dxf]`: the interactive command line. Commands
+// are typed by name; prompts are answered on the terminal and panels are
+// shown as numbered forms. "save [FILE]" writes the drawing, "quit" ends;
+// "unload" and "load" send the application those messages and "menubar"
+// lists the pull-downs on the host's menu bar.
+#include <cstdio>
+#include <string>
+
+#include "app/commands.h"
+#include "host/docs_session.h"
+#include "shell/textnum.h"
+
+namespace vorn::app {
+namespace {
+
+std::string trimmed(const std::string& text)
+{
+    size_t first = text.find_first_not_of(" \t\r\n");
+    if (first == std::string::npos) return {};
+    return text.substr(first, text.find_last_not_of(" \t\r\n") - first + 1);
+}
+
+bool readCommandLine(std::string& line)
+{
+    std::fputs("\nCommand: ", stdout);
+    std::fflush(stdout);
+    char buffer[4096];
+    if (!std::fgets(buffer, sizeof buffer, stdin)) return false;
+    line = trimmed(buffer);
+    return true;
+}
+
+void saveCommand(AppSession& app, const std::string& path)
+{
+    std::string error;
+    if (app.save(path, error))
+        std::printf("Saved %s\n", app.drawingPath().c_str());
+    else
+        std::printf("Cannot save the drawing: %s (save FILE.dxf)\n", error.c_str());
+}
+
+void printMenuBar(const HostMenuBar& bar)
+{
+    std::string line;
+    for (const std::string& name : bar.bar()) line += (line.empty() ? "" : " | ") + name;
+    std::printf("%s\n", line.c_str());
+}
+
+int runShell(const std::string& drawing)
+{
+    std::string error;
+    auto opened = openDrawing(drawing, error);
+    if (!opened) {
+        std::fprintf(stderr, "vornmark: %s: %s\n", drawing.c_str(), error.c_str());
+        return kExitFailure;
+    }
+    AppSession app(std::move(opened), drawing);
+    SessionOptions options;
+    options.answering = SessionOptions::Answering::Terminal;
+    if (!app.open(options, true, error)) {
+        std::fprintf(stderr, "vornmark: %s\n", error.c_str());
+        return kExitFailure;
+    }
+    std::string line;
+    while (readCommandLine(line)) {
+        std::string word = line.substr(0, line.find(' '));
+        if (word.empty()) continue;
+        if (iequals(word, "quit") || iequals(word, "exit")) break;
+        if (iequals(word, "save"))
+            saveCommand(app, trimmed(line.substr(word.size())));
+        else if (iequals(word, "load"))
+            app.load();
+        else if (iequals(word, "unload"))
+            app.unload();
+        else if (iequals(word, "menubar"))
+            printMenuBar(app.menuBar());
+        else
+            app.runCommand(word);
+    }
+    std::fputs("\n", stdout);
+    return kExitOk;
+}
+
+CommandGroup group{81, [](CLI::App& parser, Action& action) {
+    auto drawing = std::make_shared<std::string>();
+    auto* sub = parser.add_subcommand("shell", "Interactive command line of the application");
+    sub->add_option("DRAWING", *drawing, "Drawing to open (DXF); a new drawing without it");
+    sub->callback([&action, drawing] { action = [drawing] { return runShell(*drawing); }; });
+}};
+
+}  // namespace
+}  // namespace vorn::app

@@ -1,0 +1,43 @@
+// The handlers of the 32 commands of the group VORNVornmark.
+#pragma once
+
+#include "shell/docdata.h"
+
+void vorn_setGrid();
+void vorn_gridFromContour();
+void vorn_gridFromPoint();
+void vorn_geoFeatures();
+void vorn_sFactorInArea();
+void vorn_topoStressModel();
+void vorn_horizStress();
+void vorn_topoGrid();
+void vorn_seamGrid();
+void vorn_keldar();
+void vorn_convKelGrid();
+void vorn_genFactor();
+void vorn_StabilityIndex();
+void vorn_indexMapping();
+void vorn_gridUtility();
+void vorn_createPolylineFromObjects();
+void vorn_joinPolylines();
+void vorn_checkClosedPolylines();
+void vorn_checkOverlaps();
+void vorn_checkDuplicates();
+void vorn_checkContours();
+void vorn_clearWorkingLayer();
+void vorn_RFRI_Draw();
+void vorn_RFRI_Calc();
+void vorn_vornabout();
+void tabTest();
+void VORNMenu();
+void vorn_RFRI_Input();
+void vorn_RFRI_List();
+void vorn_RFRI_Label();
+void vorn_RFRI_Mapping();
+
+// Writes the base grid of a record to the xrecord `VornBaseGrid` of the
+// drawing's dictionary and to the profile section "Settings".
+void storeBaseGrid(const CDocData& data);
+
+// The dialog template id of the page "Grid Dimension".
+inline constexpr unsigned IDD_GRIDTAB = 129;

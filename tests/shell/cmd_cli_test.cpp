@@ -1,0 +1,141 @@
+// The executable's run, menu and error paths, from the outside.
+#include <gtest/gtest.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace {
+
+namespace fs = std::filesystem;
+
+class Cli : public ::testing::Test {
+protected:
+    void SetUp() override
+    {
+        dir = fs::temp_directory_path() / ("vorn_cmd_cli_" + std::to_string(::getpid()));
+        fs::create_directories(dir);
+        setenv("VORNMARK_PROFILE", (dir / "profile.ini").c_str(), 1);
+    }
+    void TearDown() override { fs::remove_all(dir); }
+
+    int vornmark(const std::string& arguments)
+    {
+        std::string command = std::string(VORN_BINARY) + " " + arguments + " >" + (dir / "out.txt").string() + " 2>" +
+                              (dir / "err.txt").string();
+        int status = std::system(command.c_str());
+        return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+    }
+    std::string read(const std::string& name)
+    {
+        std::ifstream in(dir / name, std::ios::binary);
+        std::stringstream text;
+        text << in.rdbuf();
+        return text.str();
+    }
+    void write(const std::string& name, const std::string& text) { std::ofstream(dir / name) << text; }
+    std::string path(const std::string& name) { return (dir / name).string(); }
+
+    fs::path dir;
+};
+
+// The group 1 strings of the xrecord under `key` in a DXF text.
+std::vector<std::string> xrecordStrings(const std::string& dxf, const std::string& key)
+{
+    std::vector<std::string> strings;
+    size_t at = dxf.find("AcDbXrecord", dxf.find("\n" + key + "\n"));
+    if (at == std::string::npos) return strings;
+    std::istringstream lines(dxf.substr(at));
+    std::string code, value;
+    std::getline(lines, code);
+    while (std::getline(lines, code) && std::getline(lines, value)) {
+        code.erase(0, code.find_first_not_of(' '));
+        if (code == "0") break;
+        if (code == "1") strings.push_back(value);
+    }
+    return strings;
+}
+
+TEST_F(Cli, MenuPrintsEveryItemWithVisibleMacros)
+{
+    ASSERT_EQ(vornmark("menu"), 0);
+    std::string out = read("out.txt");
+    EXPECT_NE(out.find("Vornmark\n"), std::string::npos);
+    EXPECT_NE(out.find("Clear Objects in Layer\t^C^Cvorn_clearWorkingLayer \tClear Objects in Layer -- Vornmark Command.\n"),
+              std::string::npos);
+    EXPECT_NE(out.find("About Vornmark\t^C^C'_vorn_vornabout \tAbout Vornmark System for Mines\n"), std::string::npos);
+}
+
+TEST_F(Cli, RunSavesTheBaseGridInTheDrawingAndTheProfile)
+{
+    write("setgrid.scr",
+          "# a 100 by 200 rectangle with widths 10 and 20\n"
+          "press \"< Geometry\"\n100,200\n10\n20\n"
+          "set \"X Coordinate of Grid Origin:\" 0\n"
+          "ok\n");
+    ASSERT_EQ(vornmark("run _VORN_SETGRID --script " + path("setgrid.scr") + " --save " + path("out.dxf") +
+                       " --transcript " + path("transcript.txt")),
+              0)
+        << read("err.txt");
+    EXPECT_EQ(xrecordStrings(read("out.dxf"), "VornBaseGrid"),
+              (std::vector<std::string>{"10", "20", "10.000000", "20.000000", "0.000000", "0.000000", "0"}));
+    std::string profile = read("profile.ini");
+    EXPECT_NE(profile.find("[Settings]"), std::string::npos);
+    EXPECT_NE(profile.find("GridYNum=20"), std::string::npos);
+    std::string transcript = read("transcript.txt");
+    EXPECT_NE(transcript.find("Pick a opposite Point(up right corner): 100,200"), std::string::npos);
+    EXPECT_NE(transcript.find("closes with OK"), std::string::npos);
+
+    // The saved drawing opens again, and tabTest leaves its xrecord alone.
+    write("tabtest.scr", "set \"Number of Cells in X Direction:\" 5\nok\n");
+    ASSERT_EQ(vornmark("run tabTest --drawing " + path("out.dxf") + " --script " + path("tabtest.scr") + " --save " +
+                       path("again.dxf")),
+              0)
+        << read("err.txt");
+    EXPECT_EQ(xrecordStrings(read("again.dxf"), "VornBaseGrid").front(), "10");
+}
+
+TEST_F(Cli, BadCommandsAndScriptsGiveTheirStatus)
+{
+    EXPECT_EQ(vornmark("run vorn_noSuchCommand"), 2);
+    EXPECT_NE(read("err.txt").find("unknown command"), std::string::npos);
+    EXPECT_EQ(vornmark("run vorn_setGrid --script " + path("missing.scr")), 1);
+    write("wrong.scr", "press \"Nothing Here\"\n");
+    EXPECT_EQ(vornmark("run vorn_setGrid --script " + path("wrong.scr")), 1);
+    EXPECT_NE(read("err.txt").find("line 1"), std::string::npos);
+}
+
+TEST_F(Cli, ShellRunsTypedCommandsAndQuits)
+{
+    write("typed.txt", "VORN_KELDAR\nvorn_setgrid\nok\nsave " + path("shell.dxf") + "\nquit\n");
+    ASSERT_EQ(vornmark("shell < " + path("typed.txt")), 0) << read("err.txt");
+    std::string out = read("out.txt");
+    EXPECT_NE(out.find("Command: "), std::string::npos);
+    EXPECT_NE(out.find("vorn_keldar: the solver panel dlg_keldar is not available in this build."), std::string::npos);
+    EXPECT_NE(out.find("== Define a Grid =="), std::string::npos);
+    EXPECT_NE(out.find("Document Base Grid for this session is defined!"), std::string::npos);
+    EXPECT_TRUE(fs::exists(dir / "shell.dxf"));
+}
+
+TEST_F(Cli, ShellKeepsThePullDownOnTheBarAcrossAnUnload)
+{
+    write("typed.txt", "unload\nmenubar\nload\nmenubar\nVORNMenu\nmenubar\nquit\n");
+    ASSERT_EQ(vornmark("shell < " + path("typed.txt")), 0) << read("err.txt");
+    std::string out = read("out.txt");
+    std::string withMenu = "File | Edit | View | Vornmark | Window | Help\n";
+    std::string without = "File | Edit | View | Window | Help\n";
+    size_t first = out.find(withMenu);
+    size_t second = out.find(without, first);
+    ASSERT_NE(first, std::string::npos);
+    ASSERT_NE(second, std::string::npos);
+    EXPECT_NE(out.find(withMenu, second), std::string::npos);
+}
+
+}  // namespace
