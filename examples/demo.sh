@@ -38,3 +38,14 @@ echo "== Overburden stress under the uneven surface"
 echo
 "$VORNMARK" grid info "$OUT/surface_stress.grd"
 echo
+echo "== The application in the stand-alone host: define the base grid of the example plan"
+export VORNMARK_PROFILE="$OUT/profile.ini"
+"$VORNMARK" run vorn_setGrid --drawing "$HERE/plan.dxf" --save "$OUT/plan_grid.dxf" \
+    --script "$HERE/setgrid.scr" --transcript "$OUT/setgrid.txt"
+echo
+echo "-- the saved drawing keeps the definition in its dictionary:"
+"$VORNMARK" drawing info "$OUT/plan_grid.dxf" | sed -n '/Dictionaries/,/Groups/p'
+echo "-- and in the profile ($VORNMARK_PROFILE):"
+cat "$VORNMARK_PROFILE"
+echo
+echo "Results are in $OUT"

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "drawing/editor_port.h"
 #include "shell/textnum.h"
 
 namespace vorn {
@@ -83,5 +84,14 @@ int HostReporter::messageBox(const std::string& text, const std::string& caption
     transcript_.messageBox(text, caption, messageBoxAnswerName(answer));
     return answer;
 }
+
+void HostReporter::statusMeterStart(const std::string& label, int lower, int upper)
+{
+    acedSetStatusBarProgressMeter(label.c_str(), lower, upper);
+}
+
+void HostReporter::statusMeterPos(int pos) { acedSetStatusBarProgressMeterPos(pos); }
+
+void HostReporter::statusMeterRestore() { acedRestoreStatusBar(); }
 
 }  // namespace vorn

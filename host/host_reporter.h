@@ -24,6 +24,10 @@ public:
     void print(const std::string& text) override;
     int messageBox(const std::string& text, const std::string& caption, unsigned type) override;
     void console(const std::string& text) override;
+    // The numerics' status bar meter is the editor's.
+    void statusMeterStart(const std::string& label, int lower, int upper) override;
+    void statusMeterPos(int pos) override;
+    void statusMeterRestore() override;
 
     // The answer to the prompt just printed: into the transcript, and onto
     // standard output when a script answers (a person's typing shows itself).

@@ -62,52 +62,53 @@ bool iequals(std::string_view a, std::string_view b)
 namespace {
 bool isBlank(char c) { return c == ' ' || c == '\t' || c == '\n' || c == '\r' || c == '\v' || c == '\f'; }
 
-const char* skipBlanks(const char* p, const char* end)
+// Where the digits of a number begin: after leading blanks and one sign.
+struct NumberStart {
+    const char* digits;
+    const char* end;
+    bool negative;
+};
+
+NumberStart numberStart(std::string_view text)
 {
+    const char* p = text.data();
+    const char* end = p + text.size();
     while (p < end && isBlank(*p)) ++p;
-    return p;
+    bool negative = false;
+    if (p < end && (*p == '+' || *p == '-')) negative = *p++ == '-';
+    return {p, end, negative};
 }
+
+bool startsWithSign(const char* p, const char* end) { return p < end && (*p == '+' || *p == '-'); }
 }  // namespace
 
 double _wtof(std::string_view text)
 {
-    const char* p = skipBlanks(text.data(), text.data() + text.size());
-    const char* end = text.data() + text.size();
-    bool negative = false;
-    if (p < end && (*p == '+' || *p == '-')) {
-        negative = *p == '-';
-        ++p;
-        // A second sign is no number.
-        if (p < end && (*p == '+' || *p == '-')) return 0.0;
-    }
+    NumberStart n = numberStart(text);
+    // from_chars would take a second sign; the platform reads no number.
+    if (startsWithSign(n.digits, n.end)) return 0.0;
     double value = 0.0;
-    auto result = std::from_chars(p, end, value, std::chars_format::general);
+    auto result = std::from_chars(n.digits, n.end, value, std::chars_format::general);
     if (result.ec == std::errc::result_out_of_range) {
         // from_chars leaves the value untouched on range errors; strtod's
         // reading (huge values become inf, tiny ones 0) is the platform's.
-        std::string copy(p, end);
+        std::string copy(n.digits, n.end);
         value = std::strtod(copy.c_str(), nullptr);
     } else if (result.ec != std::errc()) {
         return 0.0;
     }
-    return negative ? -value : value;
+    return n.negative ? -value : value;
 }
 
 int _wtoi(std::string_view text)
 {
-    const char* p = skipBlanks(text.data(), text.data() + text.size());
-    const char* end = text.data() + text.size();
-    bool negative = false;
-    if (p < end && (*p == '+' || *p == '-')) {
-        negative = *p == '-';
-        ++p;
-    }
+    NumberStart n = numberStart(text);
     long long value = 0;
-    for (; p < end && *p >= '0' && *p <= '9'; ++p) {
+    for (const char* p = n.digits; p < n.end && *p >= '0' && *p <= '9'; ++p) {
         value = value * 10 + (*p - '0');
         if (value > static_cast<long long>(INT_MAX) + 1) break;
     }
-    if (negative) value = -value;
+    if (n.negative) value = -value;
     if (value > INT_MAX) return INT_MAX;
     if (value < INT_MIN) return INT_MIN;
     return static_cast<int>(value);
