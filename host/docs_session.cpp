@@ -5,6 +5,7 @@
 
 #include "host/dxf_codec.h"
 #include "shell/cmdstack.h"
+#include "shell/commands.h"
 #include "shell/menu.h"
 #include "shell/report.h"
 #include "shell/vornapp.h"
@@ -117,8 +118,9 @@ int AppSession::runCommand(const std::string& typed)
             acutPrintf("\nUnknown command \"%s\".  Press F1 for help.", upperCase(name).c_str());
             return 1;
         }
+        takeCommandIncomplete();
         command->handler();
-        return 0;
+        return takeCommandIncomplete() ? 1 : 0;
     });
 }
 

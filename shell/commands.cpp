@@ -12,10 +12,13 @@
 
 namespace {
 
+bool commandIncomplete = false;
+
 // Says on the command line which part of a command this build lacks.
 void reportMissing(const char* command, const std::string& what)
 {
     acutPrintf("\n%s: %s is not available in this build.", command, what.c_str());
+    commandIncomplete = true;
 }
 
 // The frame of a task: the page "Grid Dimension" and the pages that this
@@ -182,4 +185,11 @@ const VornCommandEntry* vornCommandTable(int& count)
 {
     count = static_cast<int>(sizeof(kCommandTable) / sizeof(kCommandTable[0]));
     return kCommandTable;
+}
+
+bool vorn::takeCommandIncomplete()
+{
+    bool incomplete = commandIncomplete;
+    commandIncomplete = false;
+    return incomplete;
 }

@@ -41,3 +41,9 @@ void storeBaseGrid(const CDocData& data);
 
 // The dialog template id of the page "Grid Dimension".
 inline constexpr unsigned IDD_GRIDTAB = 129;
+
+namespace vorn {
+// True once since the last call when a command said that part of it is not
+// available in this build; the host ends such a run with a failure status.
+bool takeCommandIncomplete();
+}  // namespace vorn

@@ -112,6 +112,13 @@ TEST_F(Cli, BadCommandsAndScriptsGiveTheirStatus)
     EXPECT_NE(read("err.txt").find("line 1"), std::string::npos);
 }
 
+TEST_F(Cli, ACommandThatIsNotBuiltSaysSoAndFails)
+{
+    EXPECT_EQ(vornmark("run vorn_convKelGrid"), 1);
+    EXPECT_NE(read("out.txt").find("vorn_convKelGrid: the panel dlg_convkelgrid is not available in this build."),
+              std::string::npos);
+}
+
 TEST_F(Cli, ShellRunsTypedCommandsAndQuits)
 {
     write("typed.txt", "VORN_KELDAR\nvorn_setgrid\nok\nsave " + path("shell.dxf") + "\nquit\n");
