@@ -3,6 +3,8 @@
 #include <cctype>
 #include <charconv>
 #include <climits>
+#include <cmath>
+#include <cstdint>
 #include <cstdio>
 #include <cstdlib>
 #include <vector>
@@ -32,13 +34,57 @@ std::string formatString(const char* format, ...)
     return text;
 }
 
+namespace {
+
+// The value times 10^6 rounded as printf rounds the exact binary value: to
+// nearest, ties to even. The product is carried as hi + lo (exact through
+// fma), so the tie test looks at the true product, not a rounded one.
+uint64_t roundedMillionths(double magnitude)
+{
+    double hi = magnitude * 1e6;
+    double lo = std::fma(magnitude, 1e6, -hi);
+    double whole = std::floor(hi);
+    double excess = (hi - whole - 0.5) + lo;
+    uint64_t n = static_cast<uint64_t>(whole);
+    // |lo| is far below one half, so the nearest integer is whole or whole + 1.
+    if (excess > 0.0 || (excess == 0.0 && (n & 1) != 0)) ++n;
+    return n;
+}
+
+// Writes `value` with at least `minDigits` digits so that it ends just
+// before `end`; returns where it begins.
+char* digitsBefore(char* end, uint64_t value, int minDigits)
+{
+    int written = 0;
+    do {
+        *--end = static_cast<char>('0' + value % 10);
+        value /= 10;
+        ++written;
+    } while (value != 0 || written < minDigits);
+    return end;
+}
+
+}  // namespace
+
 void appendFixed6(std::string& out, double value)
 {
-    // std::to_chars with a precision prints exactly as printf does in the C
-    // locale, and is several times faster than snprintf.
-    char buffer[400];
-    auto result = std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::fixed, 6);
-    out.append(buffer, result.ptr);
+    double magnitude = std::fabs(value);
+    if (!(magnitude < 1e9)) {
+        // Large, infinite or NaN: std::to_chars with a precision prints
+        // exactly as printf does in the C locale.
+        char buffer[400];
+        auto result = std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::fixed, 6);
+        out.append(buffer, result.ptr);
+        return;
+    }
+    uint64_t millionths = roundedMillionths(magnitude);
+    char buffer[32];
+    char* end = buffer + sizeof buffer;
+    char* begin = digitsBefore(end, millionths % 1000000, 6);
+    *--begin = '.';
+    begin = digitsBefore(begin, millionths / 1000000, 1);
+    if (std::signbit(value)) *--begin = '-';
+    out.append(begin, end);
 }
 
 std::string toLower(std::string_view text)

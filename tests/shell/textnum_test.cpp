@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <limits>
+#include <random>
 
 #include "shell/textnum.h"
 
@@ -28,9 +30,26 @@ TEST(Wtoi, ReadsLikeThePlatform)
 
 TEST(Fixed6, MatchesPrintf)
 {
-    for (double v : {0.0, -0.0, 1.0 / 3.0, -2.5e-7, 123456789.123456789, 1e20, -1e20, 0.0000005, 2.0000005}) {
+    auto same = [](double v) {
         std::string fast;
         vorn::appendFixed6(fast, v);
-        EXPECT_EQ(fast, vorn::formatString("%f", v)) << v;
+        return fast == vorn::formatString("%f", v);
+    };
+    for (double v : {0.0, -0.0, 1.0 / 3.0, -2.5e-7, 123456789.123456789, 1e20, -1e20, 0.0000005, 2.0000005,
+                     0.0078125, 0.0234375, -0.0078125, 999999999.9999995, 1e9, 4.9999995e-7, 0.0000015,
+                     HUGE_VAL, -HUGE_VAL, std::numeric_limits<double>::quiet_NaN(), 5e-324}) {
+        EXPECT_TRUE(same(v)) << v;
+    }
+    // Exact ties at the seventh decimal, their neighbours, and random values
+    // over many magnitudes.
+    std::mt19937_64 random(7);
+    for (int k = 0; k < 200000; ++k) {
+        // x * 10^6 ends in exactly .5 for x = odd / 128.
+        double tie = (2.0 * static_cast<double>(random() % (1u << 30)) + 1.0) / 128.0;
+        double v = std::ldexp(std::uniform_real_distribution<double>(0.5, 1.0)(random),
+                              static_cast<int>(random() % 60) - 30);
+        for (double x : {tie, std::nextafter(tie, 0.0), std::nextafter(tie, 1.0), v, -v}) {
+            ASSERT_TRUE(same(x)) << vorn::formatString("%.17g", x);
+        }
     }
 }
