@@ -85,7 +85,6 @@ Reporter* installed = nullptr;
 
 Reporter& reporter() { return installed ? *installed : standardReporter(); }
 void setReporter(Reporter* r) { installed = r; }
-Reporter* currentReporterOrNull() { return installed; }
 
 ScopedReporter::ScopedReporter(Reporter& r) : previous_(installed) { installed = &r; }
 ScopedReporter::~ScopedReporter() { installed = previous_; }

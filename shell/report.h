@@ -120,8 +120,6 @@ private:
     Reporter* previous_;
 };
 
-Reporter* currentReporterOrNull();
-
 inline void statusMeterStart(const std::string& label, int lower, int upper) { reporter().statusMeterStart(label, lower, upper); }
 inline void statusMeterPos(int pos) { reporter().statusMeterPos(pos); }
 inline void statusMeterRestore() { reporter().statusMeterRestore(); }

@@ -19,44 +19,45 @@ FactorConversion settings(int function, int tendency, double lower = 10.0, doubl
     return s;
 }
 
-double convert(double v, int function, int tendency) { return normaliseFactorValue(v, settings(function, tendency)); }
 }  // namespace
 
-TEST(FactorNormalisation, LinearAndExponentialBands)
+TEST(FactorNormalisation, TheTableOfFunctionsAndTendencies)
 {
-    EXPECT_EQ(convert(10.0, kFunctionLinear, kTendencyNormal), 0.0);
-    EXPECT_EQ(convert(20.0, kFunctionLinear, kTendencyNormal), 100.0);
-    EXPECT_EQ(convert(15.0, kFunctionLinear, kTendencyNormal), 50.0);
-    EXPECT_EQ(convert(10.0, kFunctionLinear, kTendencyInverse), 100.0);
-    EXPECT_EQ(convert(20.0, kFunctionLinear, kTendencyInverse), 0.0);
-    EXPECT_EQ(convert(15.0, kFunctionExponential, kTendencyNormal), 25.0);
-    EXPECT_DOUBLE_EQ(convert(12.0, kFunctionExponential, kTendencyInverse), 64.0);
-    EXPECT_EQ(convert(-5.0, kFunctionExponential, kTendencyNormal), 0.0);
-    EXPECT_EQ(convert(99.0, kFunctionExponential, kTendencyNormal), 100.0);
-}
-
-TEST(FactorNormalisation, InverseJumpsAtBothLimits)
-{
-    EXPECT_EQ(convert(std::nextafter(10.0, 0.0), kFunctionLinear, kTendencyInverse), 0.0);
-    EXPECT_EQ(convert(std::nextafter(20.0, 30.0), kFunctionLinear, kTendencyInverse), 100.0);
-}
-
-TEST(FactorNormalisation, StepLooksAtTheLowerLimitOnly)
-{
-    EXPECT_EQ(convert(10.0, kFunctionStep, kTendencyNormal), 0.0);
-    EXPECT_EQ(convert(10.0, kFunctionStep, kTendencyInverse), 100.0);
-    EXPECT_EQ(convert(10.5, kFunctionStep, kTendencyNormal), 100.0);
-    EXPECT_EQ(convert(1e9, kFunctionStep, kTendencyInverse), 0.0);
-    EXPECT_EQ(convert(10.5, kFunctionStep, 7), 10.5);
-}
-
-TEST(FactorNormalisation, NanAndUnknownFunctionsKeepTheValue)
-{
-    double nan = std::numeric_limits<double>::quiet_NaN();
-    EXPECT_TRUE(std::isnan(convert(nan, kFunctionLinear, kTendencyNormal)));
-    EXPECT_TRUE(std::isnan(convert(nan, kFunctionStep, kTendencyInverse)));
-    EXPECT_EQ(convert(12.5, kFunctionNone, kTendencyNormal), 12.5);
-    EXPECT_EQ(convert(12.5, 3, kTendencyNormal), 12.5);
+    const double nan = std::numeric_limits<double>::quiet_NaN();
+    struct Case {
+        double v;
+        int function;
+        int tendency;
+        double expected;
+    };
+    // Limits 10 and 20: the bands at L and U, the Inverse jumps just
+    // outside them, Step at its limit, unknown functions and NaN kept.
+    const Case cases[] = {
+        {10.0, kFunctionLinear, kTendencyNormal, 0.0},
+        {20.0, kFunctionLinear, kTendencyNormal, 100.0},
+        {15.0, kFunctionLinear, kTendencyNormal, 50.0},
+        {10.0, kFunctionLinear, kTendencyInverse, 100.0},
+        {20.0, kFunctionLinear, kTendencyInverse, 0.0},
+        {std::nextafter(10.0, 0.0), kFunctionLinear, kTendencyInverse, 0.0},
+        {std::nextafter(20.0, 30.0), kFunctionLinear, kTendencyInverse, 100.0},
+        {15.0, kFunctionExponential, kTendencyNormal, 25.0},
+        {12.0, kFunctionExponential, kTendencyInverse, 100.0 * (0.8 * 0.8)},
+        {-5.0, kFunctionExponential, kTendencyNormal, 0.0},
+        {99.0, kFunctionExponential, kTendencyNormal, 100.0},
+        {10.0, kFunctionStep, kTendencyNormal, 0.0},
+        {10.0, kFunctionStep, kTendencyInverse, 100.0},
+        {10.5, kFunctionStep, kTendencyNormal, 100.0},
+        {1e9, kFunctionStep, kTendencyInverse, 0.0},
+        {10.5, kFunctionStep, 7, 10.5},
+        {12.5, kFunctionNone, kTendencyNormal, 12.5},
+        {12.5, 3, kTendencyNormal, 12.5},
+    };
+    for (const Case& c : cases) {
+        EXPECT_EQ(normaliseFactorValue(c.v, settings(c.function, c.tendency)), c.expected)
+            << c.v << " function " << c.function << " tendency " << c.tendency;
+    }
+    EXPECT_TRUE(std::isnan(normaliseFactorValue(nan, settings(kFunctionLinear, kTendencyNormal))));
+    EXPECT_TRUE(std::isnan(normaliseFactorValue(nan, settings(kFunctionStep, kTendencyInverse))));
     EXPECT_TRUE(std::isnan(normaliseFactorValue(5.0, settings(kFunctionExponential, kTendencyNormal, 5.0, 5.0))));
 }
 
