@@ -85,10 +85,9 @@ TEST_F(ElementStressTest, MinedElementTakesLoadGraduallyAfterFullClosure)
     EXPECT_DOUBLE_EQ(model.verticalStress(1, 2, 1), 0.1 * 1000);
     ASSERT_EQ(run(), 0);
     EXPECT_DOUBLE_EQ(model.verticalStress(1, 2, 1), 0.19 * 1000);
-    EXPECT_EQ(capture.consoleText, std::string("Material Strain Greater Than 1 in Element Stress Routine - ES1a\n"
-                                               "i = 2, j = 1, integer code = 27\n") +
-                                       "Material Strain Greater Than 1 in Element Stress Routine - ES1a\n"
-                                       "i = 2, j = 1, integer code = 27\n");
+    const std::string warning = "Material Strain Greater Than 1 in Element Stress Routine - ES1a\n"
+                                "i = 2, j = 1, integer code = 27\n";
+    EXPECT_EQ(capture.consoleText, warning + warning);  // on the console only
     EXPECT_TRUE(capture.boxes.empty());
 }
 
