@@ -26,6 +26,12 @@
 namespace vorn {
 // The unit text block of the `.out` file for a unit code.
 void printUnitSystem(TextWriter& out, int unitCode);
+// The axes note and the first lines of "  ROCK MASS PROPERTIES" that open
+// the `.out` file of both models.
+void printRockMass(TextWriter& out, float poisson, float modulus, float layerThickness);
+// The element grid lines of "  GENERAL MODEL DATA" and the heading of the
+// seam table that follows them.
+void printElementGrid(TextWriter& out, float width, int countX, int countY, float density);
 
 // Origin, datum, block width and counts of a topographic grid.
 struct TopographicGridPlacement {

@@ -24,6 +24,26 @@ double bitsAsDouble(int64_t value)
 
 }  // namespace
 
+void vorn::printRockMass(vorn::TextWriter& out, float poisson, float modulus, float layerThickness)
+{
+    out.write("  IN THE FOLLOWING X,Y,Z REFER TO GLOBAL AXES OR COORDINATES\n");
+    out.write("  AND X1,X2,X3 OR 1,2,3 REFER TO LOCAL AXES OR COORDINATES\n\n");
+    out.write("  ROCK MASS PROPERTIES\n\n");
+    out.printf("  POISSONS RATIO        - %f\n", poisson);
+    out.printf("  MODULUS OF ELASTICITY - %f\n", modulus);
+    out.printf("  LAYER THICKNESS       - %f\n", layerThickness);
+}
+
+void vorn::printElementGrid(vorn::TextWriter& out, float width, int countX, int countY, float density)
+{
+    out.printf("  WIDTH OF ELEMENTS               -- %f\n", width);
+    out.printf("  NO. OF ELEMENTS ALONG X AXIS    -- %i\n", countX);
+    out.printf("  NO. OF ELEMENTS ALONG Y AXIS    -- %i\n", countY);
+    out.printf("  DENSITY OF OVERBURDEN           -- %f\n\n", density);
+    out.write("  GLOBAL COORDINATES OF LOCAL ORIGINS AND SEAM THICKNESSES\n");
+    out.write("  SEAM NO.         X           Y           Z     THICKNESS\n");
+}
+
 void vorn::printUnitSystem(vorn::TextWriter& out, int unitCode)
 {
     out.printf("  The units system integer is: - %i\n", unitCode);
@@ -118,13 +138,7 @@ int CModelDat::PrintInput()
         return 1;
     }
     out.printf("%s\n", title.c_str());
-    out.write("  IN THE FOLLOWING X,Y,Z REFER TO GLOBAL AXES OR COORDINATES\n");
-    out.write("  AND X1,X2,X3 OR 1,2,3 REFER TO LOCAL AXES OR COORDINATES\n\n");
-
-    out.write("  ROCK MASS PROPERTIES\n\n");
-    out.printf("  POISSONS RATIO        - %f\n", poisson);
-    out.printf("  MODULUS OF ELASTICITY - %f\n", modulus);
-    out.printf("  LAYER THICKNESS       - %f\n", layerThickness);
+    vorn::printRockMass(out, poisson, modulus, layerThickness);
     out.printf("  NO. OF SEAMS          - %i\n", seamCount);
     out.printf("  NO. OF MATERIALS      - %i\n", materialCount);
     out.printf("  SYSTEM OF UNITS       - %i\n\n", unitCode);
@@ -135,13 +149,7 @@ int CModelDat::PrintInput()
 
     out.write("  GENERAL MODEL DATA\n\n");
     out.printf("  NO. OF PARALLEL SEAMS           -- %i\n", seamCount);
-    out.printf("  WIDTH OF ELEMENTS               -- %f\n", elementWidth);
-    out.printf("  NO. OF ELEMENTS ALONG X AXIS    -- %i\n", elementsX);
-    out.printf("  NO. OF ELEMENTS ALONG Y AXIS    -- %i\n", elementsY);
-    out.printf("  DENSITY OF OVERBURDEN           -- %f\n\n", density);
-
-    out.write("  GLOBAL COORDINATES OF LOCAL ORIGINS AND SEAM THICKNESSES\n");
-    out.write("  SEAM NO.         X           Y           Z     THICKNESS\n");
+    vorn::printElementGrid(out, elementWidth, elementsX, elementsY, density);
     for (int s = 1; s <= seamCount; ++s)
         out.printf("%8i%12.2f%12.2f%12.2f%12.2f\n", materialCount, seamX[s], seamY[s], seamZ[s], seamThickness[s]);
     out.write("\n");

@@ -131,23 +131,12 @@ int CTopoModelDat::PrintInput()
 
 void CTopoModelDat::PrintHeaderBlocks(vorn::TextWriter& out) const
 {
-    out.write("  IN THE FOLLOWING X,Y,Z REFER TO GLOBAL AXES OR COORDINATES\n");
-    out.write("  AND X1,X2,X3 OR 1,2,3 REFER TO LOCAL AXES OR COORDINATES\n\n");
-    out.write("  ROCK MASS PROPERTIES\n\n");
-    out.printf("  POISSONS RATIO        - %f\n", poisson);
-    out.printf("  MODULUS OF ELASTICITY - %f\n", modulus);
-    out.printf("  LAYER THICKNESS       - %f\n", layerThickness);
+    vorn::printRockMass(out, poisson, modulus, layerThickness);
     out.printf("  SYSTEM OF UNITS       - %i\n", unitCode);
     out.write("\n");
     vorn::printUnitSystem(out, unitCode);
     out.write("  GENERAL MODEL DATA\n\n");
-    out.printf("  WIDTH OF ELEMENTS               -- %f\n", elementWidth);
-    out.printf("  NO. OF ELEMENTS ALONG X AXIS    -- %i\n", elementsX);
-    out.printf("  NO. OF ELEMENTS ALONG Y AXIS    -- %i\n", elementsY);
-    out.printf("  DENSITY OF OVERBURDEN           -- %f\n", density);
-    out.write("\n");
-    out.write("  GLOBAL COORDINATES OF LOCAL ORIGINS AND SEAM THICKNESSES\n");
-    out.write("  SEAM NO.         X           Y           Z     THICKNESS\n");
+    vorn::printElementGrid(out, elementWidth, elementsX, elementsY, density);
     out.printf("%12.2f%12.2f\n", seamX, seamY);
     out.write("\n");
     out.write("  PROGRAM FLOW CONTROL PARAMETERS\n\n");

@@ -11,49 +11,37 @@
 namespace vorn {
 namespace {
 
-TEST(MaterialLaw, BranchPoints)
+TEST(MaterialLaw, BranchPointsAndInverses)
 {
     const float softening[5] = {3000, 0.01f, 1000, 0.03f, 0.3f};
     const MaterialLaw two = MaterialLaw::from(kStrainSofteningCoal, softening);
-    EXPECT_DOUBLE_EQ(two.stress(0.005), static_cast<double>(3000.0f / 0.01f) * 0.005);
+    EXPECT_NEAR(two.stress(0.005), 1500, 1e-9);
     EXPECT_DOUBLE_EQ(two.stress(static_cast<double>(0.01f)), 3000);
+    EXPECT_NEAR(two.stress(0.02), 2000, 1e-3);
     EXPECT_DOUBLE_EQ(two.stress(static_cast<double>(0.03f)), 1000);
     EXPECT_DOUBLE_EQ(two.stress(0.5), 1000);
-    EXPECT_DOUBLE_EQ(two.stress(0.02), (1000.0 - 3000) * ((0.02 - 0.01f) / (0.03f - 0.01f)) + 3000);
     EXPECT_LT(two.stress(-0.01), 0);  // an opening element stays elastic
+    EXPECT_NEAR(softeningStrain(softening, 1500), 0.005, 1e-9);
 
     const float plastic[5] = {3000, 0.01f, 5000, 0.3f, 0};
-    const MaterialLaw three = MaterialLaw::from(kElasticPlasticCoal, plastic);
-    EXPECT_DOUBLE_EQ(three.stress(static_cast<double>(0.01f)), 3000);
-    EXPECT_DOUBLE_EQ(three.stress(0.11), 5000 * (0.11 - 0.01f) + 3000);
+    EXPECT_NEAR(MaterialLaw::from(kElasticPlasticCoal, plastic).stress(0.11), 3500, 1e-3);
 
     const float bilinear[5] = {500, 0.2f, 2000, 2, 0.3f};
-    const MaterialLaw four = MaterialLaw::from(kBilinearHardeningGob, bilinear);
-    EXPECT_DOUBLE_EQ(four.stress(2 * static_cast<double>(0.2f)), 500);
+    EXPECT_DOUBLE_EQ(MaterialLaw::from(kBilinearHardeningGob, bilinear).stress(2 * static_cast<double>(0.2f)), 500);
+    EXPECT_NEAR(bilinearGobStrain(bilinear, 250), 0.2, 1e-7);
+    EXPECT_NEAR(bilinearGobStrain(bilinear, 2500), 2.4, 1e-6);
 
     const float hardening[5] = {200, 100000, 2000, 1.5f, 0.3f};
     const MaterialLaw five = MaterialLaw::from(kStrainHardeningGob, hardening);
-    const double k = static_cast<float>((100000.0f - 200.0f) / 2000.0f);
-    EXPECT_DOUBLE_EQ(five.stress(0.09), (std::exp(0.09 / 1.5f * k) - 1) * (200 / k));
     EXPECT_EQ(five.stress(0), 0);
+    // the height factor enters the inverse twice
+    EXPECT_NEAR(hardeningGobStrain(hardening, five.stress(0.09)), 0.09 * 1.5, 1e-12);
 
     const float linear[5] = {300000, 1, 0, 0, 0};
     EXPECT_DOUBLE_EQ(MaterialLaw::from(kLinearElasticCoal, linear).stress(0.01), 3000);
     const float gob[5] = {1000, 1, 2, 0, 0};
     EXPECT_DOUBLE_EQ(MaterialLaw::from(kLinearElasticGob, gob).stress(0.5), 250);
-}
 
-TEST(MaterialLaw, InverseRoutines)
-{
-    const float softening[5] = {3000, 0.01f, 1000, 0.03f, 0.3f};
-    EXPECT_DOUBLE_EQ(softeningStrain(softening, 1500), (static_cast<double>(0.01f) / 3000) * 1500);
-    const float bilinear[5] = {500, 0.2f, 2000, 2, 0.3f};
-    EXPECT_DOUBLE_EQ(bilinearGobStrain(bilinear, 250), (static_cast<double>(0.2f) / 500) * 250 * 2);
-    EXPECT_DOUBLE_EQ(bilinearGobStrain(bilinear, 2500), ((2500.0 - 500) / 2000 + static_cast<double>(0.2f)) * 2);
-    const float hardening[5] = {200, 100000, 2000, 1.5f, 0.3f};
-    const MaterialLaw five = MaterialLaw::from(kStrainHardeningGob, hardening);
-    // the height factor enters the inverse twice
-    EXPECT_NEAR(hardeningGobStrain(hardening, five.stress(0.09)), 0.09 * 1.5, 1e-12);
     EXPECT_EXIT(elasticPlasticStrain(softening, 3001), ::testing::ExitedWithCode(1),
                 "Primitive Stress is Greater Than Peak Stress - EPS1");
     EXPECT_EXIT(softeningStrain(softening, 3001), ::testing::ExitedWithCode(1), "Stress is Greater Than Peak Stress - SSS1");
@@ -97,10 +85,9 @@ TEST_F(ElementStressTest, MinedElementTakesLoadGraduallyAfterFullClosure)
     EXPECT_DOUBLE_EQ(model.verticalStress(1, 2, 1), 0.1 * 1000);
     ASSERT_EQ(run(), 0);
     EXPECT_DOUBLE_EQ(model.verticalStress(1, 2, 1), 0.19 * 1000);
-    EXPECT_EQ(capture.consoleText, std::string("Material Strain Greater Than 1 in Element Stress Routine - ES1a\n"
-                                               "i = 2, j = 1, integer code = 27\n") +
-                                       "Material Strain Greater Than 1 in Element Stress Routine - ES1a\n"
-                                       "i = 2, j = 1, integer code = 27\n");
+    const std::string warning = "Material Strain Greater Than 1 in Element Stress Routine - ES1a\n"
+                                "i = 2, j = 1, integer code = 27\n";
+    EXPECT_EQ(capture.consoleText, warning + warning);  // on the console only
     EXPECT_TRUE(capture.boxes.empty());
 }
 

@@ -9,10 +9,8 @@
 
 namespace vorn {
 
-inline int truncatedLow(double value) { return static_cast<int>(value); }
-
-// The plain loop: each source element over its square window of targets,
-// one exponential per pair.
+// The plain loop: each source element over its square window of targets
+// (the window rule has its own test), one exponential per pair.
 inline void plainPropagate(const KernelField& s, const KernelField& t, double z, const KernelRock& rock)
 {
     const double L = rock.lamination;
@@ -21,28 +19,14 @@ inline void plainPropagate(const KernelField& s, const KernelField& t, double z,
     const double w = t.width, c = s.width;
     const double R = std::fabs(z) * 10 / w, q = c / w;
     const double ox = (s.originX - t.originX) / w, oy = (s.originY - t.originY) / w;
-    auto window = [R](double p, int count, int& lo, int& hi) {
-        lo = truncatedLow(p - R - 0.5);
-        hi = truncatedLow(p + R + 0.5);
-        if (lo < 1) {
-            lo = 1;
-            if (hi < 1) hi = 0;
-        }
-        if (hi > count) {
-            hi = count;
-            if (lo > count) lo = count + 1;
-        }
-    };
     for (int i = 1; i <= s.countX; ++i) {
-        int lo, hi;
-        window((i - 0.5) * q + 0.5 + ox, t.countX, lo, hi);
+        const IndexWindow wx = stressWindow((i - 0.5) * q + 0.5 + ox, R, t.countX);
         for (int j = 1; j <= s.countY; ++j) {
-            int lo2, hi2;
-            window((j - 0.5) * q + 0.5 + oy, t.countY, lo2, hi2);
+            const IndexWindow wy = stressWindow((j - 0.5) * q + 0.5 + oy, R, t.countY);
             const double U = s.at(i, j);
             const double xs = s.originX + (i - 0.5) * c, ys = s.originY + (j - 0.5) * c;
-            for (int k = lo; k <= hi; ++k) {
-                for (int l = lo2; l <= hi2; ++l) {
+            for (int k = wx.lo; k <= wx.hi; ++k) {
+                for (int l = wy.lo; l <= wy.hi; ++l) {
                     const double dx = t.originX + (k - 0.5) * w - xs, dy = t.originY + (l - 0.5) * w - ys;
                     const double T = (dx * dx + dy * dy) / D;
                     t.at(k, l) += std::exp(-T) * ((T - 1) * (A * (c * c) * U));

@@ -1,13 +1,12 @@
 // Whole runs of small models: the level loop as the `.out` log shows it,
-// the topographic stage on a flat surface, the result file layouts and the
-// `vornmark keldar` command.
+// the topographic stage on a flat surface and the
+// result file layouts.
 #include <algorithm>
-#include <cstdlib>
 #include <regex>
-#include <sys/wait.h>
 
 #include "shell/userbreak.h"
-#include "tests/stressmodel/model_fixture.h"
+#include "stressmodel/modeldat.h"
+#include "tests/stressmodel/fixture.h"
 
 namespace vorn::testing {
 namespace {
@@ -23,7 +22,6 @@ protected:
     // Reads, prints and runs the model; gives Run's result.
     int run(const ModelText& text)
     {
-        ScopedReporter scoped(capture);
         if (load(text) != 0 || model->PrintInput() != 0) return -100;
         return model->Run();
     }
@@ -32,7 +30,7 @@ protected:
     {
         writeFile("model.inp", text.text());
         model = std::make_unique<CModelDat>();
-        model->SetInputPath((folder_ / "model.inp").string());
+        model->SetInputPath(path("model.inp"));
         model->SetBaseName("model");
         return model->ReadInput();
     }
@@ -63,7 +61,6 @@ protected:
     }
 
     std::unique_ptr<CModelDat> model;
-    CaptureReporter capture;
 };
 
 const int kThreshold[4] = {20, 100, 500, 1000};
@@ -71,7 +68,6 @@ const int kThreshold[4] = {20, 100, 500, 1000};
 TEST_F(RunTest, OneSeamWithoutSurfaceMakesOnePassPerLevel)
 {
     ModelText text;
-    text.fillCodes();
     ASSERT_EQ(run(text), 0);
     std::vector<int> levels;
     for (const Pass& p : passes(1)) levels.push_back(p.level);
@@ -123,7 +119,6 @@ TEST_F(RunTest, AFailedSeamEndsOnlyTheFirstSolutionOfAStep)
     // In a level pass the failed seam counts as settled and the pass goes on.
     text = twoSeamsTwoSteps();
     text.codeRows[35][3] = '0';  // seam 2 of step 2, the codes the read leaves
-    ScopedReporter scoped(capture);
     ASSERT_EQ(load(text), 0);
     model->Initialize();
     TextWriter log;
@@ -139,8 +134,6 @@ TEST_F(RunTest, AFailedSeamEndsOnlyTheFirstSolutionOfAStep)
 TEST_F(RunTest, UserBreakEndsTheRunAsAFailure)
 {
     ModelText text;
-    text.fillCodes();
-    ScopedReporter scoped(capture);
     ASSERT_EQ(load(text), 0);
     ASSERT_EQ(model->PrintInput(), 0);
     requestUserBreak();
@@ -221,37 +214,6 @@ TEST_F(RunTest, ResultFileLayouts)
     ASSERT_EQ(run(text), 0);  // a rerun replaces the files
     EXPECT_EQ(lines(readFile("model.f1")).size(), 3u + 2 * 100);
     EXPECT_EQ(lines(readFile("model.off")).size(), 3u + 2 * 6);
-}
-
-int runCommand(const std::string& arguments)
-{
-    const std::string command = std::string(VORN_BINARY) + " " + arguments + " < /dev/null > stdout.txt 2> stderr.txt";
-    const int status = std::system(command.c_str());
-    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-}
-
-TEST_F(RunTest, KeldarCommandRunsBesideTheModel)
-{
-    ModelText text;
-    text.fillCodes();
-    std::filesystem::create_directory("models");
-    writeFile("models/tiny.inp", text.text());
-    EXPECT_EQ(runCommand("keldar models/tiny.inp"), 0);
-    const std::string messages = readFile("stderr.txt");
-    EXPECT_NE(messages.find("The Input File was Successfully Read"), std::string::npos);
-    EXPECT_NE(messages.find("Keldar was finished successfully!\nResults were saved to File(s):\n\t<tiny.f1> for Seam 1"),
-              std::string::npos);
-    EXPECT_EQ(readFile("stdout.txt").rfind("\n Keldar Stress Calculation is ready to run, <Enter> to continue ...", 0), 0u);
-    for (const char* file : {"tiny.out", "tiny.f1", "STEP1.CHR"}) EXPECT_TRUE(std::filesystem::exists(folder_ / "models" / file)) << file;
-
-    writeFile("models/bad.inp", "title only\n");
-    EXPECT_EQ(runCommand("keldar models/bad.inp"), 1);
-    EXPECT_NE(readFile("stderr.txt").find("The Input File was not the Correct Format - OFO1"), std::string::npos);
-
-    text.codeRows[0][0] = '0';
-    writeFile("models/refused.inp", text.text());
-    EXPECT_EQ(runCommand("keldar models/refused.inp"), 1);
-    EXPECT_NE(readFile("stderr.txt").find("Keldar was finished unsuccessfully!"), std::string::npos);
 }
 
 }  // namespace

@@ -1,69 +1,33 @@
-#include <gtest/gtest.h>
-
-#include <cstdio>
+// Reading the element files of the model for a transfer to a grid: the item
+// list, the values of one item and the refusals of bad files.
 #include <filesystem>
 #include <string>
 
 #include "grid/grid.h"
-#include "shell/report.h"
-#include "shell/textnum.h"
 #include "stressmodel/transfer.h"
-#include "tests/stressmodel/topo_test_util.h"
+#include "tests/stressmodel/fixture.h"
 
+namespace vorn::testing {
 namespace {
 namespace fs = std::filesystem;
 
-
-// The value of item `item` (1..5) of element (x, y) in step `step`, all from 1.
-double sampleValue(int step, int x, int y, int item) { return step * 1000 + x * 100 + y * 10 + item; }
-
-// An element file as the model writes it, with `steps` steps of a
-// `countX` by `countY` mesh, CR LF line ends.
-std::string elementFile(int steps, int countX, int countY, double width, const char* lengthUnit = "in")
-{
-    std::string text = vorn::formatString("%3i, %7i, %12.5g, %3i, %3i, %12.5g, %12.5g\r\n", steps, countX * countY, width, countX,
-                                          countY, 120.0, -60.0);
-    text += "  5,Seam Convergence         ,Total Vertical Stress    ,Surface Effect Stress    ,Multiple Seam Stress     ,Overburden "
-            "Stress        \r\n";
-    text += vorn::formatString("%3d,%25s,%25s,%25s,%25s,%25s\r\n", 5, lengthUnit, "psi", "psi", "psi", "psi");
-    for (int s = 1; s <= steps; ++s) {
-        for (int x = 1; x <= countX; ++x) {
-            for (int y = 1; y <= countY; ++y) {
-                text += vorn::formatString("%12.5g, %12.5g, %12.5g, %12.5g, %12.5g\r\n", sampleValue(s, x, y, 1),
-                                           sampleValue(s, x, y, 2), sampleValue(s, x, y, 3), sampleValue(s, x, y, 4),
-                                           sampleValue(s, x, y, 5));
-            }
-        }
-    }
-    return text;
-}
-
-struct TransferReader : ::testing::Test {
-    vorn::CaptureReporter capture;
-    vorn::ScopedReporter scope{capture};
-    fs::path folder = stresstest::testFolder("vorn_transfer_reader");
-    CElementFileReader reader;
-
+class TransferReader : public ScratchFolderTest {
+protected:
     std::string file(const std::string& name, const std::string& text)
     {
-        fs::path path = folder / name;
-        gridtest::spit(path.string(), text);
-        return path.string();
+        writeFile(name, text);
+        return path(name);
     }
-    std::string lastBox() const { return capture.boxes.empty() ? std::string() : capture.boxes.back().text; }
+    CElementFileReader reader;
 };
-}  // namespace
 
 TEST_F(TransferReader, HeaderGivesTheListOfAllStepsWithNamesAsSplit)
 {
     EXPECT_EQ(reader.fileLabel(), "Current Keldar file: None");
-    std::string path = file("list.f1", elementFile(2, 2, 3, 60.0));
-    ASSERT_TRUE(reader.selectFile(path));
-    EXPECT_EQ(reader.fileLabel(), path);
-    EXPECT_EQ(reader.stepCount, 2);
-    EXPECT_EQ(reader.elementCount, 6);
+    const std::string listed = file("list.f1", elementFile(2, 2, 3, 60.0));
+    ASSERT_TRUE(reader.selectFile(listed));
+    EXPECT_EQ(reader.fileLabel(), listed);
     EXPECT_FLOAT_EQ(reader.elementWidth, 5.0f);
-    EXPECT_EQ(reader.itemCount, 5);
     ASSERT_EQ(reader.rows().size(), 10u);
     const CElementItemRow& row = reader.rows()[6];
     EXPECT_EQ(row.number, "7");
@@ -76,23 +40,19 @@ TEST_F(TransferReader, HeaderGivesTheListOfAllStepsWithNamesAsSplit)
     EXPECT_EQ(row.step, "2");
     EXPECT_EQ(row.comments, "2 X 3");
     EXPECT_TRUE(capture.boxes.empty());
-}
 
-TEST_F(TransferReader, ItemIndexWithinALineStartsAtOneInEveryStep)
-{
-    ASSERT_TRUE(reader.selectFile(file("index.f1", elementFile(3, 2, 2, 12.0))));
-    CElementItemChoice first = reader.choiceOfRow(10);
-    EXPECT_EQ(first.step, 3);
-    EXPECT_EQ(first.indexInLine, 1);
-    EXPECT_EQ(first.name, "Seam Convergence ");
-    CElementItemChoice second = reader.choiceOfRow(6);
-    EXPECT_EQ(second.step, 2);
-    EXPECT_EQ(second.indexInLine, 2);
+    ASSERT_TRUE(reader.selectFile(file("metric.f1", elementFile(1, 2, 2, 3.0, "m"))));
+    EXPECT_FLOAT_EQ(reader.elementWidth, 0.25f);  // still divided by twelve
 }
 
 TEST_F(TransferReader, ItemOfALaterStepSkipsTheEarlierStepsAndKeepsXOuter)
 {
     ASSERT_TRUE(reader.selectFile(file("skip.f1", elementFile(3, 2, 3, 60.0))));
+    const CElementItemChoice first = reader.choiceOfRow(10);
+    EXPECT_EQ(first.step, 3);
+    EXPECT_EQ(first.indexInLine, 1);  // from one in every step
+    EXPECT_EQ(first.name, "Seam Convergence ");
+    EXPECT_EQ(reader.choiceOfRow(6).indexInLine, 2);
     myGrid grid;
     std::string failure;
     ASSERT_TRUE(reader.readItem(reader.choiceOfRow(2 * 5 + 1), grid, failure)) << failure;
@@ -104,13 +64,6 @@ TEST_F(TransferReader, ItemOfALaterStepSkipsTheEarlierStepsAndKeepsXOuter)
     for (int x = 0; x < 2; ++x) {
         for (int y = 0; y < 3; ++y) EXPECT_DOUBLE_EQ(grid.getValue(x, y), sampleValue(3, x + 1, y + 1, 2)) << x << "," << y;
     }
-}
-
-TEST_F(TransferReader, MetricWidthIsStillDividedByTwelve)
-{
-    ASSERT_TRUE(reader.selectFile(file("metric.f1", elementFile(1, 2, 2, 3.0, "m"))));
-    EXPECT_FLOAT_EQ(reader.elementWidth, 0.25f);
-    EXPECT_FLOAT_EQ(reader.originX, 120.0f);
 }
 
 TEST_F(TransferReader, HeaderFailuresAreShownAndKeepTheEarlierPath)
@@ -128,8 +81,8 @@ TEST_F(TransferReader, HeaderFailuresAreShownAndKeepTheEarlierPath)
     EXPECT_EQ(lastBox(), "Read an empty line in the input file - CHR2-3");
     EXPECT_FALSE(reader.selectFile(file("names.f1", "1, 4, 12, 2, 2, 0, 0\r\n3,a,b\r\n3,in,psi,psi\r\n")));
     EXPECT_EQ(lastBox(), "Encountered an improper argument.");
-    EXPECT_FALSE(reader.selectFile((folder / "missing.f1").string()));
-    EXPECT_EQ(lastBox(), "File could not be opened: " + (folder / "missing.f1").string() + " was not found.");
+    EXPECT_FALSE(reader.selectFile(path("missing.f1")));
+    EXPECT_EQ(lastBox(), "File could not be opened: " + path("missing.f1") + " was not found.");
     EXPECT_EQ(reader.fileLabel(), good);
 }
 
@@ -155,8 +108,7 @@ TEST_F(TransferReader, EmptyOrShortValueLinesStopTheRead)
 TEST_F(TransferReader, TransferAsksSavesWithTitleOrStopsOnCancel)
 {
     ASSERT_TRUE(reader.selectFile(file("save.f2", elementFile(2, 2, 2, 24.0))));
-    std::string output = (folder / "saved.grd").string();
-    fs::remove(output);
+    std::string output = path("saved.grd");
     capture.queuedAnswers = {IDCANCEL};
     EXPECT_FALSE(reader.transferRow(6, output));
     EXPECT_FALSE(fs::exists(output));
@@ -172,3 +124,6 @@ TEST_F(TransferReader, TransferAsksSavesWithTitleOrStopsOnCancel)
     EXPECT_EQ(saved.getTitle(), question);
     EXPECT_DOUBLE_EQ(saved.getValue(1, 0), sampleValue(2, 2, 1, 2));
 }
+
+}  // namespace
+}  // namespace vorn::testing
