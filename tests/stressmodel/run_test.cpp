@@ -190,7 +190,7 @@ TEST_F(RunTest, ResultFileLayouts)
     EXPECT_EQ(off[1], "  1,Off-seam Displacment");
     EXPECT_EQ(off[2], "  1,in");
 
-    const std::vector<std::string> outLines = lines(readFile("model.outLines"));
+    const std::vector<std::string> outLines = lines(readFile("model.out"));
     EXPECT_EQ(outLines[0], "Small test model");
     EXPECT_EQ(outLines[1], "");
     EXPECT_NE(std::find(outLines.begin(), outLines.end(), "       1        0.00        0.00    -7680.00       60.00"), outLines.end());
@@ -202,10 +202,10 @@ TEST_F(RunTest, ResultFileLayouts)
     // sum of the seam tables' totals over the steps.
     int seamTotals = 0, finalTotal = 0;
     bool inFinal = false;
-    for (std::size_t n = 0; n < out.size(); ++n) {
-        if (out[n] == "Final Cumulative Profile Information for all Steps and Seams.") inFinal = true;
-        if (out[n].rfind("             ", 0) == 0 && n > 0 && out[n - 1][0] == '-') {
-            (inFinal ? finalTotal : seamTotals) += std::stoi(out[n]);
+    for (std::size_t n = 0; n < outLines.size(); ++n) {
+        if (outLines[n] == "Final Cumulative Profile Information for all Steps and Seams.") inFinal = true;
+        if (outLines[n].rfind("             ", 0) == 0 && n > 0 && outLines[n - 1][0] == '-') {
+            (inFinal ? finalTotal : seamTotals) += std::stoi(outLines[n]);
         }
     }
     EXPECT_EQ(finalTotal, seamTotals);
