@@ -12,6 +12,8 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include "cmd_scripted.h"
+
 namespace {
 
 namespace fs = std::filesystem;
@@ -45,21 +47,11 @@ protected:
     fs::path dir;
 };
 
-// The group 1 strings of the xrecord under `key` in a DXF text.
-std::vector<std::string> xrecordStrings(const std::string& dxf, const std::string& key)
+// The strings of the xrecord VornBaseGrid in a saved drawing, read back.
+std::vector<std::string> baseGridOf(const std::string& path)
 {
-    std::vector<std::string> strings;
-    size_t at = dxf.find("AcDbXrecord", dxf.find("\n" + key + "\n"));
-    if (at == std::string::npos) return strings;
-    std::istringstream lines(dxf.substr(at));
-    std::string code, value;
-    std::getline(lines, code);
-    while (std::getline(lines, code) && std::getline(lines, value)) {
-        code.erase(0, code.find_first_not_of(' '));
-        if (code == "0") break;
-        if (code == "1") strings.push_back(value);
-    }
-    return strings;
+    std::string error;
+    return ScriptedApp("", vorn::openDrawing(path, error)).baseGridRecord();
 }
 
 TEST_F(Cli, MenuPrintsItemsWithVisibleMacros)
@@ -80,8 +72,8 @@ TEST_F(Cli, RunSavesTheBaseGridInTheDrawingAndTheProfile)
                        " --transcript " + path("transcript.txt")),
               0)
         << read("err.txt");
-    EXPECT_EQ(xrecordStrings(read("out.dxf"), "VornBaseGrid"),
-              (std::vector<std::string>{"10", "20", "10.000000", "20.000000", "0.000000", "0.000000", "0"}));
+    const std::vector<std::string> baseGrid{"10", "20", "10.000000", "20.000000", "0.000000", "0.000000", "0"};
+    EXPECT_EQ(baseGridOf(path("out.dxf")), baseGrid);
     std::string profile = read("profile.ini");
     EXPECT_NE(profile.find("[Settings]"), std::string::npos);
     EXPECT_NE(profile.find("GridYNum=20"), std::string::npos);
@@ -95,7 +87,7 @@ TEST_F(Cli, RunSavesTheBaseGridInTheDrawingAndTheProfile)
                        path("again.dxf")),
               0)
         << read("err.txt");
-    EXPECT_EQ(xrecordStrings(read("again.dxf"), "VornBaseGrid").front(), "10");
+    EXPECT_EQ(baseGridOf(path("again.dxf")), baseGrid);
 }
 
 TEST_F(Cli, BadCommandsAndScriptsAndCommandsNotBuiltGiveTheirStatus)
