@@ -20,25 +20,20 @@ struct RunOptions {
 
 int runCommand(const RunOptions& options)
 {
-    std::string error;
-    auto drawing = openDrawing(options.drawing, error);
-    if (!drawing) {
-        std::fprintf(stderr, "vornmark: %s: %s\n", options.drawing.c_str(), error.c_str());
-        return kExitFailure;
-    }
-    AppSession app(std::move(drawing), options.drawing);
     SessionOptions sessionOptions;
     sessionOptions.answering = options.script.empty() ? SessionOptions::Answering::None : SessionOptions::Answering::Script;
     sessionOptions.scriptPath = options.script;
     sessionOptions.transcriptPath = options.transcript;
-    if (!app.open(sessionOptions, false, error)) {
+    std::string error;
+    auto app = startSession(options.drawing, sessionOptions, false, error);
+    if (!app) {
         std::fprintf(stderr, "vornmark: %s\n", error.c_str());
         return kExitFailure;
     }
-    if (!app.knowsCommand(options.command)) throw UsageError{"unknown command \"" + options.command + "\""};
-    int status = app.runCommand(options.command);
+    if (!app->knowsCommand(options.command)) throw UsageError{"unknown command \"" + options.command + "\""};
+    int status = app->runCommand(options.command);
     std::fputs("\n", stdout);
-    if (status == 0 && !options.save.empty() && !app.save(options.save, error)) {
+    if (status == 0 && !options.save.empty() && !app->save(options.save, error)) {
         std::fprintf(stderr, "vornmark: %s: %s\n", options.save.c_str(), error.c_str());
         return kExitFailure;
     }

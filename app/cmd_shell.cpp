@@ -8,17 +8,11 @@
 
 #include "app/commands.h"
 #include "host/docs_session.h"
+#include "host/host_text.h"
 #include "shell/textnum.h"
 
 namespace vorn::app {
 namespace {
-
-std::string trimmed(const std::string& text)
-{
-    size_t first = text.find_first_not_of(" \t\r\n");
-    if (first == std::string::npos) return {};
-    return text.substr(first, text.find_last_not_of(" \t\r\n") - first + 1);
-}
 
 bool readCommandLine(std::string& line)
 {
@@ -26,7 +20,7 @@ bool readCommandLine(std::string& line)
     std::fflush(stdout);
     char buffer[4096];
     if (!std::fgets(buffer, sizeof buffer, stdin)) return false;
-    line = trimmed(buffer);
+    line = trimBlanks(buffer);
     return true;
 }
 
@@ -48,16 +42,11 @@ void printMenuBar(const HostMenuBar& bar)
 
 int runShell(const std::string& drawing)
 {
-    std::string error;
-    auto opened = openDrawing(drawing, error);
-    if (!opened) {
-        std::fprintf(stderr, "vornmark: %s: %s\n", drawing.c_str(), error.c_str());
-        return kExitFailure;
-    }
-    AppSession app(std::move(opened), drawing);
     SessionOptions options;
     options.answering = SessionOptions::Answering::Terminal;
-    if (!app.open(options, true, error)) {
+    std::string error;
+    auto app = startSession(drawing, options, true, error);
+    if (!app) {
         std::fprintf(stderr, "vornmark: %s\n", error.c_str());
         return kExitFailure;
     }
@@ -67,15 +56,15 @@ int runShell(const std::string& drawing)
         if (word.empty()) continue;
         if (iequals(word, "quit") || iequals(word, "exit")) break;
         if (iequals(word, "save"))
-            saveCommand(app, trimmed(line.substr(word.size())));
+            saveCommand(*app, trimBlanks(line.substr(word.size())));
         else if (iequals(word, "load"))
-            app.load();
+            app->load();
         else if (iequals(word, "unload"))
-            app.unload();
+            app->unload();
         else if (iequals(word, "menubar"))
-            printMenuBar(app.menuBar());
+            printMenuBar(app->menuBar());
         else
-            app.runCommand(word);
+            app->runCommand(word);
     }
     std::fputs("\n", stdout);
     return kExitOk;

@@ -124,4 +124,17 @@ int AppSession::runCommand(const std::string& typed)
     });
 }
 
+std::unique_ptr<AppSession> startSession(const std::string& path, const SessionOptions& options, bool terminal,
+                                         std::string& error)
+{
+    auto drawing = openDrawing(path, error);
+    if (!drawing) {
+        error = path + ": " + error;
+        return nullptr;
+    }
+    auto app = std::make_unique<AppSession>(std::move(drawing), path);
+    if (!app->open(options, terminal, error)) return nullptr;
+    return app;
+}
+
 }  // namespace vorn

@@ -66,4 +66,10 @@ private:
     bool loaded_ = false;
 };
 
+// A session on the drawing of `path` (a new drawing for an empty path),
+// opened and loaded; nullptr with `error` when the drawing or the session's
+// files cannot be opened.
+std::unique_ptr<AppSession> startSession(const std::string& path, const SessionOptions& options, bool terminal,
+                                         std::string& error);
+
 }  // namespace vorn

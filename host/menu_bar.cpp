@@ -6,10 +6,17 @@
 
 namespace vorn {
 
+namespace {
+// The place to insert at `index` in a list of `size` entries, held to the list.
+long insertionPoint(int index, size_t size)
+{
+    return static_cast<long>(std::min(static_cast<size_t>(std::max(index, 0)), size));
+}
+}  // namespace
+
 HostPopup::Item& HostPopup::insertAt(int index)
 {
-    size_t at = std::min(static_cast<size_t>(std::max(index, 0)), items_.size());
-    return *items_.insert(items_.begin() + static_cast<long>(at), Item{});
+    return *items_.insert(items_.begin() + insertionPoint(index, items_.size()), Item{});
 }
 
 void HostPopup::addMenuItem(int index, const std::string& label, const std::string& macro, const std::string& helpText)
@@ -56,12 +63,7 @@ HostMenuBar::HostMenuBar()
     }
 }
 
-MenuPopup* HostMenuBar::findMenu(const std::string& name)
-{
-    for (auto& popup : menus_)
-        if (iequals(popup->name(), name)) return popup.get();
-    return nullptr;
-}
+MenuPopup* HostMenuBar::findMenu(const std::string& name) { return const_cast<HostPopup*>(menu(name)); }
 
 const HostPopup* HostMenuBar::menu(const std::string& name) const
 {
@@ -83,8 +85,7 @@ bool HostMenuBar::isOnMenuBar(const std::string& name) const
 
 void HostMenuBar::insertInMenuBar(const std::string& name, int index)
 {
-    size_t at = std::min(static_cast<size_t>(std::max(index, 0)), bar_.size());
-    bar_.insert(bar_.begin() + static_cast<long>(at), name);
+    bar_.insert(bar_.begin() + insertionPoint(index, bar_.size()), name);
 }
 
 void HostMenuBar::removeFromMenuBar(const std::string& name)

@@ -43,27 +43,21 @@ private:
     CGridTab gridTab_;
 };
 
-void runGridFrame(const char* command, const char* title, std::initializer_list<const char*> missingPages)
+int runGridFrame(const char* command, const char* title, std::initializer_list<const char*> missingPages)
 {
-    GridFrameCommand frame(command, title, missingPages);
-    frame.run();
+    return GridFrameCommand(command, title, missingPages).run();
 }
 
 }  // namespace
 
 void vorn_setGrid()
 {
-    GridFrameCommand frame("vorn_setGrid", "Define a Grid", {});
-    if (frame.run() != IDOK) return;
+    if (runGridFrame("vorn_setGrid", "Define a Grid", {}) != IDOK) return;
     acutPrintf("\nDocument Base Grid for this session is defined!");
     storeBaseGrid(DocVars().docData());
 }
 
-void tabTest()
-{
-    GridFrameCommand frame("tabTest", "Define a Grid", {});
-    frame.run();
-}
+void tabTest() { runGridFrame("tabTest", "Define a Grid", {}); }
 
 void vorn_gridFromContour()
 {
@@ -106,8 +100,7 @@ void vorn_seamGrid()
 
 void vorn_RFRI_Draw()
 {
-    GridFrameCommand frame("vorn_RFRI_Draw", "Draw the Defects for the RFRI", {"the twelve defect pages"});
-    if (frame.run() != IDOK) return;
+    if (runGridFrame("vorn_RFRI_Draw", "Draw the Defects for the RFRI", {"the twelve defect pages"}) != IDOK) return;
     acutPrintf("\nLeaving the RFRI Drawing Menus!");
     storeBaseGrid(DocVars().docData());
 }
@@ -143,40 +136,41 @@ void vorn_vornabout()
 void VORNMenu() { vorn::installMenu(buildVornMenu()); }
 
 namespace {
-#define VORN_COMMAND(global, local, handler) {"VORNVornmark", global, local, ACRX_CMD_TRANSPARENT, handler, nullptr, -1}
+// Every command is transparent and has the global name "_" + its local name.
+#define VORN_COMMAND(local, handler) {"VORNVornmark", "_" #local, #local, ACRX_CMD_TRANSPARENT, handler, nullptr, -1}
 const VornCommandEntry kCommandTable[] = {
-    VORN_COMMAND("_vorn_setGrid", "vorn_setGrid", vorn_setGrid),
-    VORN_COMMAND("_vorn_gridFromContour", "vorn_gridFromContour", vorn_gridFromContour),
-    VORN_COMMAND("_vorn_gridFromPoint", "vorn_gridFromPoint", vorn_gridFromPoint),
-    VORN_COMMAND("_vorn_geoFeatures", "vorn_geoFeatures", vorn_geoFeatures),
-    VORN_COMMAND("_vorn_sFactorInArea", "vorn_sFactorInArea", vorn_sFactorInArea),
-    VORN_COMMAND("_vorn_topoStressModel", "vorn_topoStressModel", vorn_topoStressModel),
-    VORN_COMMAND("_vorn_horizStress", "vorn_horizStress", vorn_horizStress),
-    VORN_COMMAND("_vorn_cmrr", "vorn_cmrr", vorn_horizStress),
-    VORN_COMMAND("_vorn_topoGrid", "vorn_topoGrid", vorn_topoGrid),
-    VORN_COMMAND("_vorn_seamGrid", "vorn_seamGrid", vorn_seamGrid),
-    VORN_COMMAND("_vorn_keldar", "vorn_keldar", vorn_keldar),
-    VORN_COMMAND("_vorn_convKelGrid", "vorn_convKelGrid", vorn_convKelGrid),
-    VORN_COMMAND("_vorn_genFactor", "vorn_genFactor", vorn_genFactor),
-    VORN_COMMAND("_vorn_StabilityIndex", "vorn_StabilityIndex", vorn_StabilityIndex),
-    VORN_COMMAND("_vorn_indexMapping", "vorn_indexMapping", vorn_indexMapping),
-    VORN_COMMAND("_vorn_gridUtility", "vorn_gridUtility", vorn_gridUtility),
-    VORN_COMMAND("_vorn_createPolylineFromObjects", "vorn_createPolylineFromObjects", vorn_createPolylineFromObjects),
-    VORN_COMMAND("_vorn_joinPolylines", "vorn_joinPolylines", vorn_joinPolylines),
-    VORN_COMMAND("_vorn_checkClosedPolylines", "vorn_checkClosedPolylines", vorn_checkClosedPolylines),
-    VORN_COMMAND("_vorn_checkOverlaps", "vorn_checkOverlaps", vorn_checkOverlaps),
-    VORN_COMMAND("_vorn_checkDuplicates", "vorn_checkDuplicates", vorn_checkDuplicates),
-    VORN_COMMAND("_vorn_checkContours", "vorn_checkContours", vorn_checkContours),
-    VORN_COMMAND("_vorn_clearWorkingLayer", "vorn_clearWorkingLayer", vorn_clearWorkingLayer),
-    VORN_COMMAND("_vorn_RFRI_Draw", "vorn_RFRI_Draw", vorn_RFRI_Draw),
-    VORN_COMMAND("_vorn_RFRI_Calc", "vorn_RFRI_Calc", vorn_RFRI_Calc),
-    VORN_COMMAND("_vorn_vornabout", "vorn_vornabout", vorn_vornabout),
-    VORN_COMMAND("_tabTest", "tabTest", tabTest),
-    VORN_COMMAND("_VORNMenu", "VORNMenu", VORNMenu),
-    VORN_COMMAND("_vorn_RFRI_Input", "vorn_RFRI_Input", vorn_RFRI_Input),
-    VORN_COMMAND("_vorn_RFRI_List", "vorn_RFRI_List", vorn_RFRI_List),
-    VORN_COMMAND("_vorn_RFRI_Label", "vorn_RFRI_Label", vorn_RFRI_Label),
-    VORN_COMMAND("_vorn_RFRI_Mapping", "vorn_RFRI_Mapping", vorn_RFRI_Mapping),
+    VORN_COMMAND(vorn_setGrid, vorn_setGrid),
+    VORN_COMMAND(vorn_gridFromContour, vorn_gridFromContour),
+    VORN_COMMAND(vorn_gridFromPoint, vorn_gridFromPoint),
+    VORN_COMMAND(vorn_geoFeatures, vorn_geoFeatures),
+    VORN_COMMAND(vorn_sFactorInArea, vorn_sFactorInArea),
+    VORN_COMMAND(vorn_topoStressModel, vorn_topoStressModel),
+    VORN_COMMAND(vorn_horizStress, vorn_horizStress),
+    VORN_COMMAND(vorn_cmrr, vorn_horizStress),
+    VORN_COMMAND(vorn_topoGrid, vorn_topoGrid),
+    VORN_COMMAND(vorn_seamGrid, vorn_seamGrid),
+    VORN_COMMAND(vorn_keldar, vorn_keldar),
+    VORN_COMMAND(vorn_convKelGrid, vorn_convKelGrid),
+    VORN_COMMAND(vorn_genFactor, vorn_genFactor),
+    VORN_COMMAND(vorn_StabilityIndex, vorn_StabilityIndex),
+    VORN_COMMAND(vorn_indexMapping, vorn_indexMapping),
+    VORN_COMMAND(vorn_gridUtility, vorn_gridUtility),
+    VORN_COMMAND(vorn_createPolylineFromObjects, vorn_createPolylineFromObjects),
+    VORN_COMMAND(vorn_joinPolylines, vorn_joinPolylines),
+    VORN_COMMAND(vorn_checkClosedPolylines, vorn_checkClosedPolylines),
+    VORN_COMMAND(vorn_checkOverlaps, vorn_checkOverlaps),
+    VORN_COMMAND(vorn_checkDuplicates, vorn_checkDuplicates),
+    VORN_COMMAND(vorn_checkContours, vorn_checkContours),
+    VORN_COMMAND(vorn_clearWorkingLayer, vorn_clearWorkingLayer),
+    VORN_COMMAND(vorn_RFRI_Draw, vorn_RFRI_Draw),
+    VORN_COMMAND(vorn_RFRI_Calc, vorn_RFRI_Calc),
+    VORN_COMMAND(vorn_vornabout, vorn_vornabout),
+    VORN_COMMAND(tabTest, tabTest),
+    VORN_COMMAND(VORNMenu, VORNMenu),
+    VORN_COMMAND(vorn_RFRI_Input, vorn_RFRI_Input),
+    VORN_COMMAND(vorn_RFRI_List, vorn_RFRI_List),
+    VORN_COMMAND(vorn_RFRI_Label, vorn_RFRI_Label),
+    VORN_COMMAND(vorn_RFRI_Mapping, vorn_RFRI_Mapping),
 };
 #undef VORN_COMMAND
 }  // namespace

@@ -35,56 +35,64 @@ void CVornMenu::addItem(const std::string& label, const std::string& command, co
 
 CVornMenu buildVornMenu()
 {
+    struct Item {
+        const char* label;
+        const char* command;
+        const char* help;
+    };
+    static const Item items[] = {
+        {"&Define Base Grid", "_vorn_setgrid", "defines a base grid for this session"},
+        {"--", "", ""},
+        {"Factor from &Contour Lines", "_vorn_gridFromContour", "generates grid files from various contour lines"},
+        {"Factor from Point Features", "_vorn_gridfrompoint",
+         "generates grid file from point geological features such as drill holes"},
+        {"Factor from Linear Features", "_vorn_geofeatures",
+         "generates grid file from linear geological features such as faults and cutter roof"},
+        {"Factor from &Area Boundaries", "_vorn_sFactorInArea",
+         "generates grid file from closed boundary areas such as valleys or ponds"},
+        {"--", "", ""},
+        {"&Topography Stress Calculation", "vorn_topostressmodel", ""},
+        {"&Horizontal Stress Gridding", "vorn_horizstress", ""},
+        {"--", "", ""},
+        {"RFRI - Assign/Input Defects", "vorn_RFRI_Input", ""},
+        {"RFRI - List Defects", "vorn_RFRI_List", ""},
+        {"RFRI - Label Defects", "vorn_RFRI_Label", ""},
+        {"RFRI - Calculate and Mapping", "vorn_RFRI_Mapping", ""},
+        {"--", "", ""},
+        {"RFRI - Draw Defects", "vorn_RFRI_Draw", ""},
+        {"RFRI - Calculate RFRI", "vorn_RFRI_Calc", ""},
+        {"--", "", ""},
+        {"Topography Grid Generation for Keldar", "vorn_topogrid", ""},
+        {"&Seam Grid Generation for Keldar", "vorn_seamgrid", "generates a grid for importing into KelPre application."},
+        {"&Keldar Calculation", "vorn_keldar", ""},
+        {"Transfer &Keldar/MulSim Results", "vorn_convkelgrid",
+         "transfers the results of Keldar to grid file of Vornmark Modules"},
+        {"--", "", ""},
+        {"Transformation of Individual &Factors", "_vorn_genFactor",
+         "generates individual stability index for selected grid"},
+        {"Final Stability &Index", "vorn_StabilityIndex",
+         "integrates individual index grids into composite stability index"},
+        {"&Index Mapping", "vorn_indexmapping", "mapping stability index grid over entries"},
+        {"--", "", ""},
+        {"Grid &Utilities", "vorn_gridutility", "views, plots and manipulates grids"},
+        {"->&Polyline Utilities", "", ""},
+        {"Create Polyline from Objects", "vorn_createPolylineFromObjects", ""},
+        {"Join Polylines", "vorn_joinPolylines", ""},
+        // The macro names no registered command: the item brings the platform's
+        // reply to an unknown command.
+        {"Close Polylines", "vorn_checkClosedPloylines", ""},
+        {"Check Overlaped Polygones", "vorn_checkOverlaps", ""},
+        {"Check Duplicate Polygones", "vorn_checkDuplicates", ""},
+        {"Check Abnormal Contour Lines", "vorn_checkContours", ""},
+        {"--", "", ""},
+        {"<-Clear Objects in Layer", "vorn_clearWorkingLayer", ""},
+        {"--", "", ""},
+        // The apostrophe makes the about box a transparent invocation.
+        {"About Vornmark", "'_vorn_vornabout", "About Vornmark System for Mines"},
+    };
     CVornMenu menu;
     menu.menuName = "Vornmark";
-    menu.addItem("&Define Base Grid", "_vorn_setgrid", "defines a base grid for this session");
-    menu.addItem("--", "", "");
-    menu.addItem("Factor from &Contour Lines", "_vorn_gridFromContour", "generates grid files from various contour lines");
-    menu.addItem("Factor from Point Features", "_vorn_gridfrompoint",
-                 "generates grid file from point geological features such as drill holes");
-    menu.addItem("Factor from Linear Features", "_vorn_geofeatures",
-                 "generates grid file from linear geological features such as faults and cutter roof");
-    menu.addItem("Factor from &Area Boundaries", "_vorn_sFactorInArea",
-                 "generates grid file from closed boundary areas such as valleys or ponds");
-    menu.addItem("--", "", "");
-    menu.addItem("&Topography Stress Calculation", "vorn_topostressmodel", "");
-    menu.addItem("&Horizontal Stress Gridding", "vorn_horizstress", "");
-    menu.addItem("--", "", "");
-    menu.addItem("RFRI - Assign/Input Defects", "vorn_RFRI_Input", "");
-    menu.addItem("RFRI - List Defects", "vorn_RFRI_List", "");
-    menu.addItem("RFRI - Label Defects", "vorn_RFRI_Label", "");
-    menu.addItem("RFRI - Calculate and Mapping", "vorn_RFRI_Mapping", "");
-    menu.addItem("--", "", "");
-    menu.addItem("RFRI - Draw Defects", "vorn_RFRI_Draw", "");
-    menu.addItem("RFRI - Calculate RFRI", "vorn_RFRI_Calc", "");
-    menu.addItem("--", "", "");
-    menu.addItem("Topography Grid Generation for Keldar", "vorn_topogrid", "");
-    menu.addItem("&Seam Grid Generation for Keldar", "vorn_seamgrid", "generates a grid for importing into KelPre application.");
-    menu.addItem("&Keldar Calculation", "vorn_keldar", "");
-    menu.addItem("Transfer &Keldar/MulSim Results", "vorn_convkelgrid",
-                 "transfers the results of Keldar to grid file of Vornmark Modules");
-    menu.addItem("--", "", "");
-    menu.addItem("Transformation of Individual &Factors", "_vorn_genFactor",
-                 "generates individual stability index for selected grid");
-    menu.addItem("Final Stability &Index", "vorn_StabilityIndex",
-                 "integrates individual index grids into composite stability index");
-    menu.addItem("&Index Mapping", "vorn_indexmapping", "mapping stability index grid over entries");
-    menu.addItem("--", "", "");
-    menu.addItem("Grid &Utilities", "vorn_gridutility", "views, plots and manipulates grids");
-    menu.addItem("->&Polyline Utilities", "", "");
-    menu.addItem("Create Polyline from Objects", "vorn_createPolylineFromObjects", "");
-    menu.addItem("Join Polylines", "vorn_joinPolylines", "");
-    // The macro names no registered command: the item brings the platform's
-    // reply to an unknown command.
-    menu.addItem("Close Polylines", "vorn_checkClosedPloylines", "");
-    menu.addItem("Check Overlaped Polygones", "vorn_checkOverlaps", "");
-    menu.addItem("Check Duplicate Polygones", "vorn_checkDuplicates", "");
-    menu.addItem("Check Abnormal Contour Lines", "vorn_checkContours", "");
-    menu.addItem("--", "", "");
-    menu.addItem("<-Clear Objects in Layer", "vorn_clearWorkingLayer", "");
-    menu.addItem("--", "", "");
-    // The apostrophe makes the about box a transparent invocation.
-    menu.addItem("About Vornmark", "'_vorn_vornabout", "About Vornmark System for Mines");
+    for (const Item& item : items) menu.addItem(item.label, item.command, item.help);
     return menu;
 }
 

@@ -12,6 +12,8 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include "cmd_scripted.h"
+
 namespace {
 
 namespace fs = std::filesystem;
@@ -35,9 +37,8 @@ protected:
     }
     std::string read(const std::string& name)
     {
-        std::ifstream in(dir / name, std::ios::binary);
         std::stringstream text;
-        text << in.rdbuf();
+        text << std::ifstream(dir / name, std::ios::binary).rdbuf();
         return text.str();
     }
     void write(const std::string& name, const std::string& text) { std::ofstream(dir / name) << text; }
@@ -46,31 +47,18 @@ protected:
     fs::path dir;
 };
 
-// The group 1 strings of the xrecord under `key` in a DXF text.
-std::vector<std::string> xrecordStrings(const std::string& dxf, const std::string& key)
+// The strings of the xrecord VornBaseGrid in a saved drawing, read back.
+std::vector<std::string> baseGridOf(const std::string& path)
 {
-    std::vector<std::string> strings;
-    size_t at = dxf.find("AcDbXrecord", dxf.find("\n" + key + "\n"));
-    if (at == std::string::npos) return strings;
-    std::istringstream lines(dxf.substr(at));
-    std::string code, value;
-    std::getline(lines, code);
-    while (std::getline(lines, code) && std::getline(lines, value)) {
-        code.erase(0, code.find_first_not_of(' '));
-        if (code == "0") break;
-        if (code == "1") strings.push_back(value);
-    }
-    return strings;
+    std::string error;
+    return ScriptedApp("", vorn::openDrawing(path, error)).baseGridRecord();
 }
 
-TEST_F(Cli, MenuPrintsEveryItemWithVisibleMacros)
+TEST_F(Cli, MenuPrintsItemsWithVisibleMacros)
 {
     ASSERT_EQ(vornmark("menu"), 0);
-    std::string out = read("out.txt");
-    EXPECT_NE(out.find("Vornmark\n"), std::string::npos);
-    EXPECT_NE(out.find("Clear Objects in Layer\t^C^Cvorn_clearWorkingLayer \tClear Objects in Layer -- Vornmark Command.\n"),
+    EXPECT_NE(read("out.txt").find("About Vornmark\t^C^C'_vorn_vornabout \tAbout Vornmark System for Mines\n"),
               std::string::npos);
-    EXPECT_NE(out.find("About Vornmark\t^C^C'_vorn_vornabout \tAbout Vornmark System for Mines\n"), std::string::npos);
 }
 
 TEST_F(Cli, RunSavesTheBaseGridInTheDrawingAndTheProfile)
@@ -84,8 +72,8 @@ TEST_F(Cli, RunSavesTheBaseGridInTheDrawingAndTheProfile)
                        " --transcript " + path("transcript.txt")),
               0)
         << read("err.txt");
-    EXPECT_EQ(xrecordStrings(read("out.dxf"), "VornBaseGrid"),
-              (std::vector<std::string>{"10", "20", "10.000000", "20.000000", "0.000000", "0.000000", "0"}));
+    const std::vector<std::string> baseGrid{"10", "20", "10.000000", "20.000000", "0.000000", "0.000000", "0"};
+    EXPECT_EQ(baseGridOf(path("out.dxf")), baseGrid);
     std::string profile = read("profile.ini");
     EXPECT_NE(profile.find("[Settings]"), std::string::npos);
     EXPECT_NE(profile.find("GridYNum=20"), std::string::npos);
@@ -99,10 +87,10 @@ TEST_F(Cli, RunSavesTheBaseGridInTheDrawingAndTheProfile)
                        path("again.dxf")),
               0)
         << read("err.txt");
-    EXPECT_EQ(xrecordStrings(read("again.dxf"), "VornBaseGrid").front(), "10");
+    EXPECT_EQ(baseGridOf(path("again.dxf")), baseGrid);
 }
 
-TEST_F(Cli, BadCommandsAndScriptsGiveTheirStatus)
+TEST_F(Cli, BadCommandsAndScriptsAndCommandsNotBuiltGiveTheirStatus)
 {
     EXPECT_EQ(vornmark("run vorn_noSuchCommand"), 2);
     EXPECT_NE(read("err.txt").find("unknown command"), std::string::npos);
@@ -110,10 +98,6 @@ TEST_F(Cli, BadCommandsAndScriptsGiveTheirStatus)
     write("wrong.scr", "press \"Nothing Here\"\n");
     EXPECT_EQ(vornmark("run vorn_setGrid --script " + path("wrong.scr")), 1);
     EXPECT_NE(read("err.txt").find("line 1"), std::string::npos);
-}
-
-TEST_F(Cli, ACommandThatIsNotBuiltSaysSoAndFails)
-{
     EXPECT_EQ(vornmark("run vorn_convKelGrid"), 1);
     EXPECT_NE(read("out.txt").find("vorn_convKelGrid: the panel dlg_convkelgrid is not available in this build."),
               std::string::npos);

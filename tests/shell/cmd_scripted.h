@@ -36,7 +36,6 @@ public:
         return strings;
     }
     size_t entityCount() { return app_.drawing().modelSpace().size(); }
-    vorn::AppSession& app() { return app_; }
 
 private:
     vorn::AppSession app_;

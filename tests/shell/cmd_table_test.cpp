@@ -7,66 +7,36 @@
 
 namespace {
 
-class LoadedApplication : public ::testing::Test {
-protected:
-    void SetUp() override { acrxEntryPoint(AcRx::kInitAppMsg, nullptr); }
-    void TearDown() override { acrxEntryPoint(AcRx::kUnloadAppMsg, nullptr); }
-};
-
-TEST(CommandTable, HoldsThirtyTwoTransparentCommandsOfOneGroup)
+TEST(CommandTable, HoldsThirtyTwoCommandsRegisteredInTableOrder)
 {
     int count = 0;
     const VornCommandEntry* table = vornCommandTable(count);
     ASSERT_EQ(count, 32);
-    for (int k = 0; k < count; ++k) {
-        EXPECT_STREQ(table[k].group, "VORNVornmark");
-        EXPECT_EQ(std::string(table[k].globalName), std::string("_") + table[k].localName);
-        EXPECT_EQ(table[k].flags, 1);
-        EXPECT_EQ(table[k].contextMenu, nullptr);
-        EXPECT_EQ(table[k].resourceId, -1);
-        EXPECT_NE(table[k].handler, nullptr);
-    }
-    EXPECT_STREQ(table[0].localName, "vorn_setGrid");
-    EXPECT_STREQ(table[26].localName, "tabTest");
-    EXPECT_STREQ(table[27].localName, "VORNMenu");
-    EXPECT_STREQ(table[31].localName, "vorn_RFRI_Mapping");
-}
-
-TEST_F(LoadedApplication, RegistersInTableOrder)
-{
+    acrxEntryPoint(AcRx::kInitAppMsg, nullptr);
     const auto& commands = acedRegCmds()->commands();
     ASSERT_EQ(commands.size(), 32u);
-    int count = 0;
-    const VornCommandEntry* table = vornCommandTable(count);
-    for (int k = 0; k < count; ++k) EXPECT_EQ(commands[static_cast<size_t>(k)].globalName, table[k].globalName);
+    for (int k = 0; k < count; ++k) {
+        EXPECT_NE(table[k].handler, nullptr);
+        EXPECT_EQ(commands[static_cast<size_t>(k)].globalName, table[k].globalName);
+    }
+    acrxEntryPoint(AcRx::kUnloadAppMsg, nullptr);
 }
 
-TEST_F(LoadedApplication, FindsCommandsWithoutRegardToCaseWithOrWithoutUnderscore)
-{
-    const AcEdCommand* local = acedRegCmds()->lookupCmd("VORN_SETGRID");
-    const AcEdCommand* global = acedRegCmds()->lookupCmd("_vorn_setgrid");
-    ASSERT_NE(local, nullptr);
-    EXPECT_EQ(local, global);
-    EXPECT_EQ(local->localName, "vorn_setGrid");
-    EXPECT_EQ(acedRegCmds()->lookupCmd("vorn_nothing"), nullptr);
-}
-
-TEST_F(LoadedApplication, CmrrAndHorizStressAreOneBody)
-{
-    EXPECT_EQ(acedRegCmds()->lookupCmd("vorn_cmrr")->handler, acedRegCmds()->lookupCmd("vorn_horizStress")->handler);
-}
-
-TEST_F(LoadedApplication, TheMisspeltMenuMacroNamesNoCommand)
-{
-    EXPECT_EQ(acedRegCmds()->lookupCmd("vorn_checkClosedPloylines"), nullptr);
-    EXPECT_NE(acedRegCmds()->lookupCmd("vorn_checkClosedPolylines"), nullptr);
-}
-
-TEST(Application, UnloadRemovesEveryCommand)
+TEST(CommandTable, LookupIgnoresCaseAndUnderscoreAndUnloadRemovesEveryCommand)
 {
     acrxEntryPoint(AcRx::kInitAppMsg, nullptr);
+    AcEdCommandStack* stack = acedRegCmds();
+    const AcEdCommand* local = stack->lookupCmd("VORN_SETGRID");
+    ASSERT_NE(local, nullptr);
+    EXPECT_EQ(local, stack->lookupCmd("_vorn_setgrid"));
+    EXPECT_EQ(local->localName, "vorn_setGrid");
+    EXPECT_EQ(stack->lookupCmd("vorn_nothing"), nullptr);
+    EXPECT_EQ(stack->lookupCmd("vorn_cmrr")->handler, stack->lookupCmd("vorn_horizStress")->handler);
+    // The menu's macro is misspelt; the command is not.
+    EXPECT_EQ(stack->lookupCmd("vorn_checkClosedPloylines"), nullptr);
+    EXPECT_NE(stack->lookupCmd("vorn_checkClosedPolylines"), nullptr);
     acrxEntryPoint(AcRx::kUnloadAppMsg, nullptr);
-    EXPECT_TRUE(acedRegCmds()->commands().empty());
+    EXPECT_TRUE(stack->commands().empty());
     EXPECT_EQ(acrxEntryPoint(AcRx::kLoadDwgMsg, nullptr), AcRx::kRetOK);
     EXPECT_EQ(acrxEntryPoint(static_cast<AcRx::AppMsgCode>(40), nullptr), AcRx::kRetOK);
 }

@@ -68,22 +68,28 @@ TEST(PanelDriver, RefusesItemsAndActionsThatDoNotFit)
     }
 }
 
-TEST(TerminalPanelDriver, ReadsNumberedChoices)
+// Runs the terminal driver on `typed`; gives the panel's result and what it showed.
+int runOnTerminal(ToyPanel& panel, std::string typed, std::string& form)
 {
     Answers answers;
     Transcript transcript;
-    std::string typed = "1 new name\n2\n4 Pillars\n9\n6\nok\n";
-    std::FILE* in = fmemopen(typed.data(), typed.size(), "r");
+    std::FILE* in = typed.empty() ? std::fopen("/dev/null", "r") : fmemopen(typed.data(), typed.size(), "r");
     char* shown = nullptr;
     size_t shownSize = 0;
     std::FILE* out = open_memstream(&shown, &shownSize);
-    TerminalPanelDriver driver(answers, transcript, in, out);
-    ToyPanel panel;
-    EXPECT_EQ(driver.runModal(panel), 1);
+    int result = TerminalPanelDriver(answers, transcript, in, out).runModal(panel);
     std::fclose(in);
     std::fclose(out);
-    std::string form(shown, shownSize);
+    form.assign(shown, shownSize);
     std::free(shown);
+    return result;
+}
+
+TEST(TerminalPanelDriver, ReadsNumberedChoicesAndTheEndOfInputCancels)
+{
+    ToyPanel panel;
+    std::string form;
+    EXPECT_EQ(runOnTerminal(panel, "1 new name\n2\n4 Pillars\n9\n6\nok\n", form), 1);
     EXPECT_EQ(panel.name, "new name");
     EXPECT_TRUE(panel.keep);
     EXPECT_EQ(panel.layer, "Pillars");
@@ -91,19 +97,7 @@ TEST(TerminalPanelDriver, ReadsNumberedChoices)
     EXPECT_NE(form.find("== Toy =="), std::string::npos);
     EXPECT_NE(form.find("  7 (Go [2])"), std::string::npos);
     EXPECT_NE(form.find("No such entry"), std::string::npos);
-}
-
-TEST(TerminalPanelDriver, TheEndOfInputCancels)
-{
-    Answers answers;
-    Transcript transcript;
-    std::FILE* in = fmemopen(nullptr, 1, "r");
-    std::FILE* out = std::fopen("/dev/null", "w");
-    TerminalPanelDriver driver(answers, transcript, in, out);
-    ToyPanel panel;
-    EXPECT_EQ(driver.runModal(panel), 2);
-    std::fclose(in);
-    std::fclose(out);
+    EXPECT_EQ(runOnTerminal(panel, "", form), 2);
 }
 
 }  // namespace

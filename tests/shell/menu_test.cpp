@@ -9,28 +9,14 @@ namespace {
 using vorn::HostMenuBar;
 using vorn::HostPopup;
 
-TEST(MenuRecord, HoldsTheThirtyNineItemsWithTheirMacrosAndHelp)
+TEST(MenuRecord, KeepsTheMisspeltMacroAndTrimsAndDerivesItsItems)
 {
     CVornMenu menu = buildVornMenu();
     ASSERT_EQ(menu.labels.size(), 39u);
     ASSERT_EQ(menu.macros.size(), 39u);
     ASSERT_EQ(menu.helpTexts.size(), 39u);
-    EXPECT_EQ(menu.menuName, "Vornmark");
-    EXPECT_EQ(menu.labels[0], "&Define Base Grid");
-    EXPECT_EQ(menu.macros[0], "\x03\x03_vorn_setgrid ");
-    EXPECT_EQ(menu.helpTexts[0], "defines a base grid for this session");
-    EXPECT_EQ(menu.labels[1], "--");
-    EXPECT_EQ(menu.helpTexts[7], "Topography Stress Calculation -- Vornmark Command.");
-    EXPECT_EQ(menu.labels[28], "->&Polyline Utilities");
-    EXPECT_EQ(menu.macros[38], "\x03\x03'_vorn_vornabout ");
-    EXPECT_EQ(menu.helpTexts[38], "About Vornmark System for Mines");
-}
-
-TEST(MenuRecord, KeepsTheMisspeltMacroOfCloseAndTrimsItsInput)
-{
-    CVornMenu menu = buildVornMenu();
-    EXPECT_EQ(menu.labels[31], "Close Polylines");
     EXPECT_EQ(menu.macros[31], "\x03\x03vorn_checkClosedPloylines ");
+    EXPECT_EQ(vorn::visibleMacro(menu.macros[0]), "^C^C_vorn_setgrid ");
 
     CVornMenu record;
     record.menuName = "M";
@@ -40,11 +26,6 @@ TEST(MenuRecord, KeepsTheMisspeltMacroOfCloseAndTrimsItsInput)
     EXPECT_EQ(record.labels[0], "&A&b");
     EXPECT_EQ(record.macros[0], "\x03\x03" "cmd ");
     EXPECT_EQ(record.helpTexts[0], "Ab -- M Command.");
-}
-
-TEST(MenuRecord, VisibleMacroShowsControlCharacters)
-{
-    EXPECT_EQ(vorn::visibleMacro("\x03\x03_vorn_setgrid "), "^C^C_vorn_setgrid ");
 }
 
 class MenuOnHostBar : public ::testing::Test {
@@ -68,11 +49,8 @@ TEST_F(MenuOnHostBar, InstallsInFrontOfTheLastTwoPullDownsWithTheSubMenu)
     ASSERT_EQ(sub.kind, HostPopup::Item::Kind::SubMenu);
     EXPECT_EQ(sub.label, "&Polyline Utilities");
     ASSERT_EQ(sub.subMenu->items().size(), 8u);
-    const HostPopup::Item& last = sub.subMenu->items().back();
-    EXPECT_EQ(last.label, "Clear Objects in Layer");
-    EXPECT_EQ(last.helpText, "Clear Objects in Layer -- Vornmark Command.");
-    EXPECT_EQ(last.macro, "\x03\x03vorn_clearWorkingLayer ");
     EXPECT_EQ(sub.subMenu->items()[6].kind, HostPopup::Item::Kind::Separator);
+    EXPECT_EQ(sub.subMenu->items().back().macro, "\x03\x03vorn_clearWorkingLayer ");
     EXPECT_EQ(popup->items()[30].label, "About Vornmark");
 }
 
@@ -98,6 +76,7 @@ TEST_F(MenuOnHostBar, LoadAndVornMenuToggleAndTheMenuOutlivesAnUnload)
     EXPECT_EQ(bar.menu("Vornmark")->items().size(), 31u);
 }
 
+// A bar of one pull-down that already holds the menu.
 class ShortMenuBar : public vorn::MenuAutomation {
 public:
     int menuBarCount() const override { return 1; }
@@ -110,14 +89,14 @@ public:
     int insertedAt = -1;
 };
 
-TEST(MenuOnShortBar, GoesToIndexOne)
+TEST(MenuOnShortBar, GoesToIndexOneAndAnExistingMenuKeepsItsItems)
 {
     ShortMenuBar bar;
     vorn::setMenuAutomation(&bar);
     vorn::installMenu(buildVornMenu());
     vorn::setMenuAutomation(nullptr);
     EXPECT_EQ(bar.insertedAt, 1);
-    EXPECT_TRUE(bar.popup.items().empty());  // an existing menu keeps its items
+    EXPECT_TRUE(bar.popup.items().empty());
 }
 
 }  // namespace
