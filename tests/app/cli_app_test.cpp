@@ -1,51 +1,13 @@
 // The executable's run, menu and error paths, from the outside.
 #include <gtest/gtest.h>
 
-#include <cstdio>
-#include <cstdlib>
-#include <filesystem>
-#include <fstream>
-#include <sstream>
 #include <string>
 #include <vector>
 
-#include <sys/wait.h>
-#include <unistd.h>
-
-#include "cmd_scripted.h"
+#include "tests/app/cli_fixture.h"
+#include "tests/shell/cmd_scripted.h"
 
 namespace {
-
-namespace fs = std::filesystem;
-
-class Cli : public ::testing::Test {
-protected:
-    void SetUp() override
-    {
-        dir = fs::temp_directory_path() / ("vorn_cmd_cli_" + std::to_string(::getpid()));
-        fs::create_directories(dir);
-        setenv("VORNMARK_PROFILE", (dir / "profile.ini").c_str(), 1);
-    }
-    void TearDown() override { fs::remove_all(dir); }
-
-    int vornmark(const std::string& arguments)
-    {
-        std::string command = std::string(VORN_BINARY) + " " + arguments + " >" + (dir / "out.txt").string() + " 2>" +
-                              (dir / "err.txt").string();
-        int status = std::system(command.c_str());
-        return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-    }
-    std::string read(const std::string& name)
-    {
-        std::stringstream text;
-        text << std::ifstream(dir / name, std::ios::binary).rdbuf();
-        return text.str();
-    }
-    void write(const std::string& name, const std::string& text) { std::ofstream(dir / name) << text; }
-    std::string path(const std::string& name) { return (dir / name).string(); }
-
-    fs::path dir;
-};
 
 // The strings of the xrecord VornBaseGrid in a saved drawing, read back.
 std::vector<std::string> baseGridOf(const std::string& path)

@@ -1,85 +1,39 @@
 // End-to-end runs of the executable's grid commands.
-#include <gtest/gtest.h>
-
-#include <array>
-#include <cstdio>
-#include <filesystem>
-#include <fstream>
-#include <sstream>
-#include <sys/wait.h>
-
 #include "grid/grid.h"
+#include "tests/app/cli_fixture.h"
 
 namespace {
-struct RunResult {
-    int status;
-    std::string out;
-};
-
-// Runs vornmark with the arguments; standard error goes to `errPath`.
-RunResult vornmark(const std::string& args, const std::string& errPath = "/dev/null")
-{
-    std::string command = std::string(VORN_BINARY) + " " + args + " 2>" + errPath;
-    FILE* pipe = popen(command.c_str(), "r");
-    std::string out;
-    std::array<char, 4096> buffer;
-    size_t got = 0;
-    while ((got = std::fread(buffer.data(), 1, buffer.size(), pipe)) > 0) out.append(buffer.data(), got);
-    int status = pclose(pipe);
-    return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, out};
-}
-
-std::string slurp(const std::string& path)
-{
-    std::ifstream in(path, std::ios::binary);
-    std::stringstream s;
-    s << in.rdbuf();
-    return s.str();
-}
-
-std::string dir()
-{
-    auto d = std::filesystem::temp_directory_path() / "vorn_cli_tests";
-    std::filesystem::create_directories(d);
-    return d.string();
-}
-
 std::string example() { return std::string(VORN_SOURCE_DIR) + "/examples/depth.grd"; }
 }  // namespace
 
-TEST(CliGrid, InfoDescribesAndFailsOnUnknownNames)
+TEST_F(Cli, GridInfoDescribesAndFailsOnUnknownNames)
 {
-    RunResult info = vornmark("grid info " + example());
-    EXPECT_EQ(info.status, 0);
-    EXPECT_EQ(info.out.rfind("\nOverburden Depth\r\nGrid Orign: 1000.000000,  2000.000000,  0.000000", 0), 0u);
-    std::string err = dir() + "/err.txt";
-    RunResult unknown = vornmark("grid info " + dir() + "/x.txt", err);
-    EXPECT_EQ(unknown.status, 1);
-    EXPECT_EQ(slurp(err), "Unknown grid file !\n");
-    EXPECT_EQ(vornmark("grid info").status, 2);
-    EXPECT_EQ(vornmark("grid info --help").status, 0);
+    EXPECT_EQ(vornmark("grid info " + example()), 0);
+    EXPECT_EQ(read("out.txt").rfind("\nOverburden Depth\r\nGrid Orign: 1000.000000,  2000.000000,  0.000000", 0), 0u);
+    EXPECT_EQ(vornmark("grid info " + path("x.txt")), 1);
+    EXPECT_EQ(read("err.txt"), "Unknown grid file !\n");
+    EXPECT_EQ(vornmark("grid info"), 2);
+    EXPECT_EQ(vornmark("grid info --help"), 0);
 }
 
-TEST(CliGrid, ConvertToTopAndBack)
+TEST_F(Cli, GridConvertToTopAndBack)
 {
-    std::string top = dir() + "/depth.top";
-    ASSERT_EQ(vornmark("grid convert " + example() + " " + top).status, 0);
+    ASSERT_EQ(vornmark("grid convert " + example() + " " + path("depth.top")), 0);
     myGrid a, b;
     ASSERT_TRUE(a.readGrd(example(), 1));
-    ASSERT_TRUE(b.readTop(top, 1));
+    ASSERT_TRUE(b.readTop(path("depth.top"), 1));
     EXPECT_EQ(a.getValue(7, 9), b.getValue(7, 9));
-    EXPECT_EQ(vornmark("grid convert " + example() + " " + dir() + "/x.dat").status, 2);
+    EXPECT_EQ(vornmark("grid convert " + example() + " " + path("x.dat")), 2);
 }
 
-TEST(CliGenFactor, DefaultsFromTheGridAndExactOutput)
+TEST_F(Cli, GenFactorTakesItsDefaultsFromTheGridAndPrintsExactly)
 {
-    std::string out = dir() + "/depth_index.grd";
-    std::string err = dir() + "/gen_err.txt";
-    RunResult run = vornmark("genfactor " + example() + " " + out + " --function linear --tendency normal", err);
-    EXPECT_EQ(run.status, 0);
-    EXPECT_EQ(run.out, "\nLoad from file " + example() + "\nIndex has been saved to grid file< " + out + " >" +
-                           "\nIndividual Factor Normalization/Formulization finished!");
-    EXPECT_EQ(slurp(err), "\nIndex has been saved to grid file< " + out + " >\n");
+    const std::string out = path("depth_index.grd");
+    const std::string saved = "\nIndex has been saved to grid file< " + out + " >";
+    EXPECT_EQ(vornmark("genfactor " + example() + " " + out + " --function linear --tendency normal"), 0);
+    EXPECT_EQ(read("out.txt"), "\nLoad from file " + example() + saved +
+                                   "\nIndividual Factor Normalization/Formulization finished!");
+    EXPECT_EQ(read("err.txt"), saved + "\n");
     myGrid index;
     ASSERT_TRUE(index.readGrd(out, 1));
     EXPECT_EQ(index.getTitle(), "Overburden Depth Index");
@@ -88,14 +42,11 @@ TEST(CliGenFactor, DefaultsFromTheGridAndExactOutput)
     EXPECT_EQ(min, 0.0);
     EXPECT_EQ(max, 100.0);
 
-    run = vornmark("genfactor " + example() + " " + out + " --function step --tendency inverse --description Mid");
-    EXPECT_EQ(run.status, 0);
+    EXPECT_EQ(vornmark("genfactor " + example() + " " + out + " --function step --tendency inverse --description Mid"), 0);
     index.readGrd(out, 1);
     EXPECT_EQ(index.getTitle(), "Mid");
 
-    EXPECT_EQ(vornmark("genfactor " + example() + " " + out + " --function cubic --tendency normal").status, 2);
-    EXPECT_EQ(vornmark("genfactor " + example() + " " + out + " --function linear --tendency normal --lower 5 --upper 5")
-                  .status,
-              1);
-    EXPECT_EQ(vornmark("genfactor " + dir() + "/none.grd " + out + " --function none --tendency normal").status, 1);
+    EXPECT_EQ(vornmark("genfactor " + example() + " " + out + " --function cubic --tendency normal"), 2);
+    EXPECT_EQ(vornmark("genfactor " + example() + " " + out + " --function linear --tendency normal --lower 5 --upper 5"), 1);
+    EXPECT_EQ(vornmark("genfactor " + path("none.grd") + " " + out + " --function none --tendency normal"), 1);
 }
