@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <utility>
 
 #include "grid/grid.h"
 #include "shell/report.h"
@@ -17,6 +18,14 @@ myGrid makeGrid(int xn, int yn, double w, double h, double degrees = 0.0)
     for (int i = 0; i <= xn; ++i)
         for (int j = 0; j <= yn; ++j) g.setValue(i, j, i * 10.0 + j);
     return g;
+}
+
+std::pair<int, int> cellOf(const myGrid& g, double x, double y, bool clamped = false)
+{
+    int i = 0, j = 0;
+    if (clamped) g.getCellOfPointClamped({x, y}, i, j);
+    else g.getCellOfPoint({x, y}, i, j);
+    return {i, j};
 }
 }  // namespace
 
@@ -70,26 +79,13 @@ TEST(GridDefinition, CopyGeometryPassesRadiansAsDegrees)
 
 TEST(GridPlacement, PointToCellOnAStraightLattice)
 {
-    myGrid g = makeGrid(10, 5, 2, 4);
-    int i = 0, j = 0;
-    g.getCellOfPoint({100, 200}, i, j);
-    EXPECT_EQ(i, -1);
-    EXPECT_EQ(j, -1);
-    g.getCellOfPointClamped({100, 200}, i, j);
-    EXPECT_EQ(i, 0);
-    EXPECT_EQ(j, 0);
-    g.getCellOfPoint({120, 220}, i, j);  // far corner
-    EXPECT_EQ(i, -2);
-    EXPECT_EQ(j, -2);
-    g.getCellOfPointClamped({120, 220}, i, j);
-    EXPECT_EQ(i, 9);
-    EXPECT_EQ(j, 4);
-    g.getCellOfPoint({105.5, 213.9}, i, j);
-    EXPECT_EQ(i, 2);
-    EXPECT_EQ(j, 3);
-    g.getCellOfPoint({99, 230}, i, j);
-    EXPECT_EQ(i, -1);
-    EXPECT_EQ(j, -2);
+    myGrid g = makeGrid(10, 5, 2, 4);  // origin (100, 200), far corner (120, 220)
+    EXPECT_EQ(cellOf(g, 100, 200), std::make_pair(-1, -1));
+    EXPECT_EQ(cellOf(g, 100, 200, true), std::make_pair(0, 0));
+    EXPECT_EQ(cellOf(g, 120, 220), std::make_pair(-2, -2));
+    EXPECT_EQ(cellOf(g, 120, 220, true), std::make_pair(9, 4));
+    EXPECT_EQ(cellOf(g, 105.5, 213.9), std::make_pair(2, 3));
+    EXPECT_EQ(cellOf(g, 99, 230), std::make_pair(-1, -2));
 }
 
 TEST(GridPlacement, PointToCellOnARotatedLatticeInvertsCellCentres)
@@ -99,17 +95,12 @@ TEST(GridPlacement, PointToCellOnARotatedLatticeInvertsCellCentres)
         for (int j = 0; j < 6; ++j) {
             Point3 c;
             ASSERT_TRUE(g.getCellCentre(i, j, c));
-            int ci = 0, cj = 0;
-            g.getCellOfPoint({c.x, c.y}, ci, cj);
-            EXPECT_EQ(ci, i);
-            EXPECT_EQ(cj, j);
+            EXPECT_EQ(cellOf(g, c.x, c.y), std::make_pair(i, j));
         }
     }
     Point2 corner;
     g.getNodeXY(0, 0, corner);
-    int i = 0, j = 0;
-    g.getCellOfPoint({corner.x - 1, corner.y - 1}, i, j);
-    EXPECT_EQ(i, -1);
+    EXPECT_EQ(cellOf(g, corner.x - 1, corner.y - 1).first, -1);
 }
 
 TEST(GridRanges, CellsVersusNodes)
