@@ -32,7 +32,7 @@ private:
     void header(DxfOut& out) const;
     void tables();
     void beginTable(const char* name, std::uint64_t handle, std::size_t count);
-    void tableRecord(const char* type, const char* subclass, std::uint64_t owner);
+    void tableRecord(const char* type, const char* subclass, std::uint64_t owner, std::uint64_t handle);
     void viewportTable();
     void linetypeTable();
     void layerTable();
@@ -139,10 +139,10 @@ void DxfWriter::beginTable(const char* name, std::uint64_t handle, std::size_t c
     out_.integer(70, static_cast<std::int64_t>(count));
 }
 
-void DxfWriter::tableRecord(const char* type, const char* subclass, std::uint64_t owner)
+void DxfWriter::tableRecord(const char* type, const char* subclass, std::uint64_t owner, std::uint64_t handle)
 {
     out_.text(0, type);
-    out_.handle(5, fresh());
+    out_.handle(5, handle);
     out_.handle(330, owner);
     out_.text(100, "AcDbSymbolTableRecord");
     out_.text(100, subclass);
@@ -171,7 +171,7 @@ void DxfWriter::viewportTable()
     Extents3d e = db_.drawingExtents();
     if (e.isEmpty()) e.addPoint({0, 0, 0});
     beginTable("VPORT", vportTable_, 1);
-    tableRecord("VPORT", "AcDbViewportTableRecord", vportTable_);
+    tableRecord("VPORT", "AcDbViewportTableRecord", vportTable_, fresh());
     out_.text(2, "*Active");
     out_.integer(70, 0);
     out_.point2d(10, {0, 0});
@@ -187,7 +187,7 @@ void DxfWriter::linetypeTable()
     std::vector<std::string> names = db_.linetypes();
     beginTable("LTYPE", ltypeTable_, names.size());
     for (const std::string& name : names) {
-        tableRecord("LTYPE", "AcDbLinetypeTableRecord", ltypeTable_);
+        tableRecord("LTYPE", "AcDbLinetypeTableRecord", ltypeTable_, fresh());
         out_.text(2, name);
         out_.integer(70, 0);
         out_.text(3, iequals(name, "Continuous") ? "Solid line" : "");
@@ -203,11 +203,7 @@ void DxfWriter::layerTable()
     std::vector<LayerRecord> layers = db_.layers();
     beginTable("LAYER", layerTable_, layers.size());
     for (const LayerRecord& layer : layers) {
-        out_.text(0, "LAYER");
-        out_.handle(5, layer.id.value);
-        out_.handle(330, layerTable_);
-        out_.text(100, "AcDbSymbolTableRecord");
-        out_.text(100, "AcDbLayerTableRecord");
+        tableRecord("LAYER", "AcDbLayerTableRecord", layerTable_, layer.id.value);
         out_.text(2, layer.name);
         out_.integer(70, (layer.frozen ? 1 : 0) | (layer.locked ? 4 : 0));
         int color = layer.color >= 1 && layer.color <= 255 ? layer.color : 7;
@@ -221,11 +217,7 @@ void DxfWriter::layerTable()
 void DxfWriter::styleTable()
 {
     beginTable("STYLE", styleTable_, 1);
-    out_.text(0, "STYLE");
-    out_.handle(5, textStyle_);
-    out_.handle(330, styleTable_);
-    out_.text(100, "AcDbSymbolTableRecord");
-    out_.text(100, "AcDbTextStyleTableRecord");
+    tableRecord("STYLE", "AcDbTextStyleTableRecord", styleTable_, textStyle_);
     out_.text(2, "Standard");
     out_.integer(70, 0);
     out_.real(40, 0.0);
@@ -243,7 +235,7 @@ void DxfWriter::appTable()
     std::vector<std::string> apps = db_.registeredApplications();
     beginTable("APPID", appTable_, apps.size());
     for (const std::string& app : apps) {
-        tableRecord("APPID", "AcDbRegAppTableRecord", appTable_);
+        tableRecord("APPID", "AcDbRegAppTableRecord", appTable_, fresh());
         out_.text(2, app);
         out_.integer(70, 0);
     }
@@ -270,11 +262,7 @@ void DxfWriter::blockRecordTable()
     beginTable("BLOCK_RECORD", recordTable_, 2);
     const std::pair<const char*, std::uint64_t> records[] = {{"*Model_Space", modelRecord_}, {"*Paper_Space", paperRecord_}};
     for (const auto& [name, handle] : records) {
-        out_.text(0, "BLOCK_RECORD");
-        out_.handle(5, handle);
-        out_.handle(330, recordTable_);
-        out_.text(100, "AcDbSymbolTableRecord");
-        out_.text(100, "AcDbBlockTableRecord");
+        tableRecord("BLOCK_RECORD", "AcDbBlockTableRecord", recordTable_, handle);
         out_.text(2, name);
         out_.handle(340, handle == modelRecord_ ? modelLayout_ : paperLayout_);
     }
