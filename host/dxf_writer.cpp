@@ -73,6 +73,7 @@ private:
     void objects();
     void objectHead(const char* type, std::uint64_t handle, std::uint64_t owner, const char* subclass);
     void dictionaryHead(std::uint64_t handle, std::uint64_t owner, bool reactor);
+    void dictionaryEntry(const std::string& key, std::uint64_t handle);
     void userDictionary(ObjectId id, std::uint64_t owner);
     void groups();
     void mlineStyles();
@@ -656,6 +657,12 @@ void DxfWriter::dictionaryHead(std::uint64_t handle, std::uint64_t owner, bool r
     out_.integer(281, 1);
 }
 
+void DxfWriter::dictionaryEntry(const std::string& key, std::uint64_t handle)
+{
+    out_.text(3, key);
+    out_.handle(350, handle);
+}
+
 void DxfWriter::objects()
 {
     out_.text(0, "SECTION");
@@ -664,13 +671,11 @@ void DxfWriter::objects()
     dictionaryHead(nod.value, 0, false);
     const std::pair<const char*, std::uint64_t> fixed[] = {{"ACAD_GROUP", groupDict_}, {"ACAD_LAYOUT", layoutDict_}, {"ACAD_MLINESTYLE", styleDict_}};
     for (const auto& [key, handle] : fixed) {
-        out_.text(3, key);
-        out_.handle(350, handle);
+        dictionaryEntry(key, handle);
     }
     auto entries = db_.dictionaryEntries(nod);
     for (const auto& [key, id] : entries) {
-        out_.text(3, key);
-        out_.handle(350, id.value);
+        dictionaryEntry(key, id.value);
     }
     groups();
     layouts();
@@ -685,8 +690,7 @@ void DxfWriter::userDictionary(ObjectId id, std::uint64_t owner)
         auto entries = db_.dictionaryEntries(id);
         dictionaryHead(id.value, owner, true);
         for (const auto& [key, entry] : entries) {
-            out_.text(3, key);
-            out_.handle(350, entry.value);
+            dictionaryEntry(key, entry.value);
         }
         for (const auto& [key, entry] : entries) userDictionary(entry, id.value);
         return;
@@ -703,8 +707,7 @@ void DxfWriter::groups()
     std::vector<Group> all = db_.groups();
     dictionaryHead(groupDict_, db_.namedObjectsDictionary().value, true);
     for (const Group& g : all) {
-        out_.text(3, g.name);
-        out_.handle(350, g.id.value);
+        dictionaryEntry(g.name, g.id.value);
     }
     for (const Group& g : all) {
         objectHead("GROUP", g.id.value, groupDict_, "AcDbGroup");
@@ -721,8 +724,7 @@ void DxfWriter::mlineStyles()
     std::vector<MlineStyle> styles = db_.mlineStyles();
     dictionaryHead(styleDict_, db_.namedObjectsDictionary().value, true);
     for (const MlineStyle& s : styles) {
-        out_.text(3, s.name);
-        out_.handle(350, s.id.value);
+        dictionaryEntry(s.name, s.id.value);
     }
     for (const MlineStyle& s : styles) {
         int flags = (s.fillOn ? 1 : 0) | (s.showMiters ? 2 : 0) | (s.startSquareCap ? 16 : 0) | (s.startInnerArcs ? 32 : 0) |
@@ -746,10 +748,8 @@ void DxfWriter::mlineStyles()
 void DxfWriter::layouts()
 {
     dictionaryHead(layoutDict_, db_.namedObjectsDictionary().value, true);
-    out_.text(3, "Model");
-    out_.handle(350, modelLayout_);
-    out_.text(3, "Layout1");
-    out_.handle(350, paperLayout_);
+    dictionaryEntry("Model", modelLayout_);
+    dictionaryEntry("Layout1", paperLayout_);
     layout(modelLayout_, "Model", 0, modelRecord_);
     layout(paperLayout_, "Layout1", 1, paperRecord_);
 }
