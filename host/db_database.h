@@ -106,6 +106,8 @@ private:
     // drawing being loaded or built).
     void syncIndex() const;
     void rebuildIndex() const;
+    // Whether a new entry `key` may go into `dictionary`.
+    ErrorStatus checkNewEntry(ObjectId dictionary, const std::string& key) const;
     ErrorStatus addEntry(ObjectId dictionary, const std::string& key, ObjectId entry);
     void eraseObject(ObjectId id);
     void eraseEntity(ObjectId id);
