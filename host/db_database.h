@@ -112,7 +112,9 @@ private:
     void eraseObject(ObjectId id);
     void eraseEntity(ObjectId id);
     void eraseDictionaryTree(ObjectId id);
-    bool passesGeometry(const Entity& entity, const SelectionQuery& query) const;
+    // Window or crossing test of one candidate against the query figure
+    // (polygon, or the rectangle of two corners) and its box.
+    bool passesGeometry(const Entity& entity, SelectMode mode, const std::vector<Point2d>& outline, const PlanBox& area) const;
 
     std::uint64_t nextId_ = 0x100;
     std::unordered_map<std::uint64_t, ObjectKind> kinds_;
