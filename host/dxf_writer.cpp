@@ -798,25 +798,20 @@ bool saveDxf(const std::string& path, const HostDatabase& db, std::string& error
 {
     std::string text = DxfWriter(db).run();
     std::string temporary = path + ".part";
+    // The cause is taken before the partial file goes, which may set errno.
+    auto fail = [&](bool removePartial) {
+        error = formatString("cannot write %s: %s", path.c_str(), std::strerror(errno));
+        if (removePartial) std::remove(temporary.c_str());
+        return false;
+    };
     {
         std::ofstream out(temporary, std::ios::binary | std::ios::trunc);
-        if (!out) {
-            error = formatString("cannot write %s: %s", path.c_str(), std::strerror(errno));
-            return false;
-        }
+        if (!out) return fail(false);
         out.write(text.data(), static_cast<std::streamsize>(text.size()));
         out.close();
-        if (!out) {
-            error = formatString("cannot write %s: %s", path.c_str(), std::strerror(errno));
-            std::remove(temporary.c_str());
-            return false;
-        }
+        if (!out) return fail(true);
     }
-    if (std::rename(temporary.c_str(), path.c_str()) != 0) {
-        error = formatString("cannot write %s: %s", path.c_str(), std::strerror(errno));
-        std::remove(temporary.c_str());
-        return false;
-    }
+    if (std::rename(temporary.c_str(), path.c_str()) != 0) return fail(true);
     return true;
 }
 
