@@ -68,7 +68,8 @@ private:
     void polyline2d(const Polyline2d& pl, std::uint64_t handle, const EntityCommon& c);
     void polyline3d(const Polyline3d& pl, std::uint64_t handle, const EntityCommon& c);
     void vertexHead(std::uint64_t owner, const EntityCommon& c, const char* subclass);
-    void seqend(std::uint64_t owner, const EntityCommon& c);
+    // Head of a vertex or the end of a polyline's sequence.
+    void sequenceHead(const char* type, std::uint64_t owner, const EntityCommon& c);
     void region(const Region& r, const Entity& e);
     void objects();
     void objectHead(const char* type, std::uint64_t handle, std::uint64_t owner, const char* subclass);
@@ -458,18 +459,14 @@ void DxfWriter::lwpolyline(const LwPolyline& pl, std::uint64_t handle, const Ent
 
 void DxfWriter::vertexHead(std::uint64_t owner, const EntityCommon& c, const char* subclass)
 {
-    out_.text(0, "VERTEX");
-    out_.handle(5, fresh());
-    out_.handle(330, owner);
-    out_.text(100, "AcDbEntity");
-    out_.text(8, c.layer);
+    sequenceHead("VERTEX", owner, c);
     out_.text(100, "AcDbVertex");
     out_.text(100, subclass);
 }
 
-void DxfWriter::seqend(std::uint64_t owner, const EntityCommon& c)
+void DxfWriter::sequenceHead(const char* type, std::uint64_t owner, const EntityCommon& c)
 {
-    out_.text(0, "SEQEND");
+    out_.text(0, type);
     out_.handle(5, fresh());
     out_.handle(330, owner);
     out_.text(100, "AcDbEntity");
@@ -494,7 +491,7 @@ void DxfWriter::polyline2d(const Polyline2d& pl, std::uint64_t handle, const Ent
         if (v.bulge != 0.0) out_.real(42, v.bulge);
         out_.integer(70, v.type == 1 ? 16 : v.type == 2 ? 8 : v.type == 3 ? 1 : 0);
     }
-    seqend(handle, c);
+    sequenceHead("SEQEND", handle, c);
 }
 
 void DxfWriter::polyline3d(const Polyline3d& pl, std::uint64_t handle, const EntityCommon& c)
@@ -510,7 +507,7 @@ void DxfWriter::polyline3d(const Polyline3d& pl, std::uint64_t handle, const Ent
         out_.point(10, v.position);
         out_.integer(70, 32 | (v.type == 1 ? 16 : v.type == 2 ? 8 : 0));
     }
-    seqend(handle, c);
+    sequenceHead("SEQEND", handle, c);
 }
 
 void DxfWriter::body(const Hatch& h)
