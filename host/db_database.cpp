@@ -15,16 +15,19 @@ bool validSymbolName(const std::string& name)
     return name.find_first_of("<>/\\\":;?*|,=`") == std::string::npos;
 }
 
-template <class Record>
-auto findNamed(std::vector<Record>& records, const std::string& name)
+template <class Records>
+auto findNamed(Records& records, const std::string& name)
 {
-    return std::find_if(records.begin(), records.end(), [&](const Record& r) { return iequals(r.name, name); });
+    return std::find_if(records.begin(), records.end(), [&](const auto& r) { return iequals(r.name, name); });
 }
 
 template <class Record>
-auto findNamed(const std::vector<Record>& records, const std::string& name)
+bool copyNamed(const std::vector<Record>& records, const std::string& name, Record& out)
 {
-    return std::find_if(records.begin(), records.end(), [&](const Record& r) { return iequals(r.name, name); });
+    auto it = findNamed(records, name);
+    if (it == records.end()) return false;
+    out = *it;
+    return true;
 }
 
 bool containsName(const std::vector<std::string>& names, const std::string& name)
@@ -239,13 +242,7 @@ const LayerRecord* HostDatabase::layerNamed(const std::string& name) const
 
 std::vector<LayerRecord> HostDatabase::layers() const { return layers_; }
 
-bool HostDatabase::findLayer(const std::string& name, LayerRecord& out) const
-{
-    const LayerRecord* layer = layerNamed(name);
-    if (layer == nullptr) return false;
-    out = *layer;
-    return true;
-}
+bool HostDatabase::findLayer(const std::string& name, LayerRecord& out) const { return copyNamed(layers_, name, out); }
 
 ErrorStatus HostDatabase::addLayer(const LayerRecord& layer, ObjectId& idOut)
 {
@@ -327,24 +324,26 @@ ErrorStatus HostDatabase::addEntry(ObjectId dictionary, const std::string& key, 
     return eOk;
 }
 
-ErrorStatus HostDatabase::addDictionary(ObjectId dictionary, const std::string& key, ObjectId& idOut)
+ErrorStatus HostDatabase::checkNewEntry(ObjectId dictionary, const std::string& key) const
 {
     if (dictionaries_.count(dictionary.value) == 0 || isErased(dictionary)) return eNotThatKindOfClass;
-    if (key.empty()) return eInvalidInput;
-    ObjectId id = newId(ObjectKind::Dictionary);
-    dictionaries_[id.value] = DictionaryData{dictionary, {}};
-    idOut = id;
-    return addEntry(dictionary, key, id);
+    return key.empty() ? eInvalidInput : eOk;
+}
+
+ErrorStatus HostDatabase::addDictionary(ObjectId dictionary, const std::string& key, ObjectId& idOut)
+{
+    if (ErrorStatus status = checkNewEntry(dictionary, key); status != eOk) return status;
+    idOut = newId(ObjectKind::Dictionary);
+    dictionaries_[idOut.value] = DictionaryData{dictionary, {}};
+    return addEntry(dictionary, key, idOut);
 }
 
 ErrorStatus HostDatabase::addXrecord(ObjectId dictionary, const std::string& key, const ResultBuffer& data, ObjectId& idOut)
 {
-    if (dictionaries_.count(dictionary.value) == 0 || isErased(dictionary)) return eNotThatKindOfClass;
-    if (key.empty()) return eInvalidInput;
-    ObjectId id = newId(ObjectKind::Xrecord);
-    xrecords_[id.value] = XrecordData{dictionary, data};
-    idOut = id;
-    return addEntry(dictionary, key, id);
+    if (ErrorStatus status = checkNewEntry(dictionary, key); status != eOk) return status;
+    idOut = newId(ObjectKind::Xrecord);
+    xrecords_[idOut.value] = XrecordData{dictionary, data};
+    return addEntry(dictionary, key, idOut);
 }
 
 ErrorStatus HostDatabase::readXrecord(ObjectId xrecord, ResultBuffer& out) const
@@ -369,13 +368,7 @@ ErrorStatus HostDatabase::writeXrecord(ObjectId xrecord, const ResultBuffer& dat
 
 std::vector<Group> HostDatabase::groups() const { return groups_; }
 
-bool HostDatabase::findGroup(const std::string& name, Group& out) const
-{
-    auto it = findNamed(groups_, name);
-    if (it == groups_.end()) return false;
-    out = *it;
-    return true;
-}
+bool HostDatabase::findGroup(const std::string& name, Group& out) const { return copyNamed(groups_, name, out); }
 
 ErrorStatus HostDatabase::addGroup(const Group& group, ObjectId& idOut)
 {
@@ -390,13 +383,7 @@ ErrorStatus HostDatabase::addGroup(const Group& group, ObjectId& idOut)
 
 std::vector<MlineStyle> HostDatabase::mlineStyles() const { return styles_; }
 
-bool HostDatabase::findMlineStyle(const std::string& name, MlineStyle& out) const
-{
-    auto it = findNamed(styles_, name);
-    if (it == styles_.end()) return false;
-    out = *it;
-    return true;
-}
+bool HostDatabase::findMlineStyle(const std::string& name, MlineStyle& out) const { return copyNamed(styles_, name, out); }
 
 ErrorStatus HostDatabase::addMlineStyle(const MlineStyle& style, ObjectId& idOut)
 {

@@ -106,11 +106,15 @@ private:
     // drawing being loaded or built).
     void syncIndex() const;
     void rebuildIndex() const;
+    // Whether a new entry `key` may go into `dictionary`.
+    ErrorStatus checkNewEntry(ObjectId dictionary, const std::string& key) const;
     ErrorStatus addEntry(ObjectId dictionary, const std::string& key, ObjectId entry);
     void eraseObject(ObjectId id);
     void eraseEntity(ObjectId id);
     void eraseDictionaryTree(ObjectId id);
-    bool passesGeometry(const Entity& entity, const SelectionQuery& query) const;
+    // Window or crossing test of one candidate against the query figure
+    // (polygon, or the rectangle of two corners) and its box.
+    bool passesGeometry(const Entity& entity, SelectMode mode, const std::vector<Point2d>& outline, const PlanBox& area) const;
 
     std::uint64_t nextId_ = 0x100;
     std::unordered_map<std::uint64_t, ObjectKind> kinds_;

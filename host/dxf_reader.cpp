@@ -21,7 +21,7 @@ struct Record {
     const DxfPair* begin = nullptr;
     const DxfPair* end = nullptr;
 
-    std::string type() const { return begin->value; }
+    const std::string& type() const { return begin->value; }
     std::size_t size() const { return static_cast<std::size_t>(end - begin); }
     const DxfPair& operator[](std::size_t i) const { return begin[i]; }
 };
@@ -365,6 +365,7 @@ private:
     void groupDictionary(std::uint64_t handle);
     void styleDictionary(std::uint64_t handle);
     std::vector<std::pair<std::string, std::uint64_t>> entries(const Record& dictionary) const;
+    std::vector<std::pair<std::string, std::vector<DxfPair>>> entriesOfType(std::uint64_t dictionary, const char* type) const;
     ObjectId mapped(std::uint64_t handle) const;
 
     const std::vector<DxfPair>& pairs_;
@@ -465,7 +466,7 @@ void DxfLoader::entities()
     std::vector<Record> records = section("ENTITIES");
     for (std::size_t k = 0; k < records.size(); ++k) {
         const Record& r = records[k];
-        std::string type = r.type();
+        const std::string& type = r.type();
         if (type == "VERTEX" || type == "SEQEND") continue;
         EntityHead head = readHead(r);
         Fields f{head.own};
@@ -582,14 +583,23 @@ void DxfLoader::userEntry(const std::string& key, std::uint64_t handle, ObjectId
     }
 }
 
+// The entries of a dictionary whose objects are of one type, each with the
+// object's own pairs.
+std::vector<std::pair<std::string, std::vector<DxfPair>>> DxfLoader::entriesOfType(std::uint64_t dictionary, const char* type) const
+{
+    std::vector<std::pair<std::string, std::vector<DxfPair>>> out;
+    auto it = objects_.find(dictionary);
+    if (it == objects_.end()) return out;
+    for (const auto& [name, handle] : entries(it->second)) {
+        auto object = objects_.find(handle);
+        if (object != objects_.end() && object->second.type() == type) out.push_back({name, objectPairs(object->second)});
+    }
+    return out;
+}
+
 void DxfLoader::groupDictionary(std::uint64_t handle)
 {
-    auto it = objects_.find(handle);
-    if (it == objects_.end()) return;
-    for (const auto& [name, groupHandle] : entries(it->second)) {
-        auto g = objects_.find(groupHandle);
-        if (g == objects_.end() || g->second.type() != "GROUP") continue;
-        std::vector<DxfPair> own = objectPairs(g->second);
+    for (const auto& [name, own] : entriesOfType(handle, "GROUP")) {
         Fields f{own};
         Group group;
         group.name = name;
@@ -605,12 +615,7 @@ void DxfLoader::groupDictionary(std::uint64_t handle)
 
 void DxfLoader::styleDictionary(std::uint64_t handle)
 {
-    auto it = objects_.find(handle);
-    if (it == objects_.end()) return;
-    for (const auto& [name, styleHandle] : entries(it->second)) {
-        auto s = objects_.find(styleHandle);
-        if (s == objects_.end() || s->second.type() != "MLINESTYLE") continue;
-        std::vector<DxfPair> own = objectPairs(s->second);
+    for (const auto& [name, own] : entriesOfType(handle, "MLINESTYLE")) {
         Fields f{own};
         MlineStyle style;
         style.name = f.string(2).empty() ? name : f.string(2);

@@ -32,7 +32,7 @@ private:
     void header(DxfOut& out) const;
     void tables();
     void beginTable(const char* name, std::uint64_t handle, std::size_t count);
-    void tableRecord(const char* type, const char* subclass, std::uint64_t owner);
+    void tableRecord(const char* type, const char* subclass, std::uint64_t owner, std::uint64_t handle);
     void viewportTable();
     void linetypeTable();
     void layerTable();
@@ -68,11 +68,13 @@ private:
     void polyline2d(const Polyline2d& pl, std::uint64_t handle, const EntityCommon& c);
     void polyline3d(const Polyline3d& pl, std::uint64_t handle, const EntityCommon& c);
     void vertexHead(std::uint64_t owner, const EntityCommon& c, const char* subclass);
-    void seqend(std::uint64_t owner, const EntityCommon& c);
+    // Head of a vertex or the end of a polyline's sequence.
+    void sequenceHead(const char* type, std::uint64_t owner, const EntityCommon& c);
     void region(const Region& r, const Entity& e);
     void objects();
     void objectHead(const char* type, std::uint64_t handle, std::uint64_t owner, const char* subclass);
     void dictionaryHead(std::uint64_t handle, std::uint64_t owner, bool reactor);
+    void dictionaryEntry(const std::string& key, std::uint64_t handle);
     void userDictionary(ObjectId id, std::uint64_t owner);
     void groups();
     void mlineStyles();
@@ -139,10 +141,10 @@ void DxfWriter::beginTable(const char* name, std::uint64_t handle, std::size_t c
     out_.integer(70, static_cast<std::int64_t>(count));
 }
 
-void DxfWriter::tableRecord(const char* type, const char* subclass, std::uint64_t owner)
+void DxfWriter::tableRecord(const char* type, const char* subclass, std::uint64_t owner, std::uint64_t handle)
 {
     out_.text(0, type);
-    out_.handle(5, fresh());
+    out_.handle(5, handle);
     out_.handle(330, owner);
     out_.text(100, "AcDbSymbolTableRecord");
     out_.text(100, subclass);
@@ -171,7 +173,7 @@ void DxfWriter::viewportTable()
     Extents3d e = db_.drawingExtents();
     if (e.isEmpty()) e.addPoint({0, 0, 0});
     beginTable("VPORT", vportTable_, 1);
-    tableRecord("VPORT", "AcDbViewportTableRecord", vportTable_);
+    tableRecord("VPORT", "AcDbViewportTableRecord", vportTable_, fresh());
     out_.text(2, "*Active");
     out_.integer(70, 0);
     out_.point2d(10, {0, 0});
@@ -187,7 +189,7 @@ void DxfWriter::linetypeTable()
     std::vector<std::string> names = db_.linetypes();
     beginTable("LTYPE", ltypeTable_, names.size());
     for (const std::string& name : names) {
-        tableRecord("LTYPE", "AcDbLinetypeTableRecord", ltypeTable_);
+        tableRecord("LTYPE", "AcDbLinetypeTableRecord", ltypeTable_, fresh());
         out_.text(2, name);
         out_.integer(70, 0);
         out_.text(3, iequals(name, "Continuous") ? "Solid line" : "");
@@ -203,11 +205,7 @@ void DxfWriter::layerTable()
     std::vector<LayerRecord> layers = db_.layers();
     beginTable("LAYER", layerTable_, layers.size());
     for (const LayerRecord& layer : layers) {
-        out_.text(0, "LAYER");
-        out_.handle(5, layer.id.value);
-        out_.handle(330, layerTable_);
-        out_.text(100, "AcDbSymbolTableRecord");
-        out_.text(100, "AcDbLayerTableRecord");
+        tableRecord("LAYER", "AcDbLayerTableRecord", layerTable_, layer.id.value);
         out_.text(2, layer.name);
         out_.integer(70, (layer.frozen ? 1 : 0) | (layer.locked ? 4 : 0));
         int color = layer.color >= 1 && layer.color <= 255 ? layer.color : 7;
@@ -221,11 +219,7 @@ void DxfWriter::layerTable()
 void DxfWriter::styleTable()
 {
     beginTable("STYLE", styleTable_, 1);
-    out_.text(0, "STYLE");
-    out_.handle(5, textStyle_);
-    out_.handle(330, styleTable_);
-    out_.text(100, "AcDbSymbolTableRecord");
-    out_.text(100, "AcDbTextStyleTableRecord");
+    tableRecord("STYLE", "AcDbTextStyleTableRecord", styleTable_, textStyle_);
     out_.text(2, "Standard");
     out_.integer(70, 0);
     out_.real(40, 0.0);
@@ -243,7 +237,7 @@ void DxfWriter::appTable()
     std::vector<std::string> apps = db_.registeredApplications();
     beginTable("APPID", appTable_, apps.size());
     for (const std::string& app : apps) {
-        tableRecord("APPID", "AcDbRegAppTableRecord", appTable_);
+        tableRecord("APPID", "AcDbRegAppTableRecord", appTable_, fresh());
         out_.text(2, app);
         out_.integer(70, 0);
     }
@@ -270,11 +264,7 @@ void DxfWriter::blockRecordTable()
     beginTable("BLOCK_RECORD", recordTable_, 2);
     const std::pair<const char*, std::uint64_t> records[] = {{"*Model_Space", modelRecord_}, {"*Paper_Space", paperRecord_}};
     for (const auto& [name, handle] : records) {
-        out_.text(0, "BLOCK_RECORD");
-        out_.handle(5, handle);
-        out_.handle(330, recordTable_);
-        out_.text(100, "AcDbSymbolTableRecord");
-        out_.text(100, "AcDbBlockTableRecord");
+        tableRecord("BLOCK_RECORD", "AcDbBlockTableRecord", recordTable_, handle);
         out_.text(2, name);
         out_.handle(340, handle == modelRecord_ ? modelLayout_ : paperLayout_);
     }
@@ -469,18 +459,14 @@ void DxfWriter::lwpolyline(const LwPolyline& pl, std::uint64_t handle, const Ent
 
 void DxfWriter::vertexHead(std::uint64_t owner, const EntityCommon& c, const char* subclass)
 {
-    out_.text(0, "VERTEX");
-    out_.handle(5, fresh());
-    out_.handle(330, owner);
-    out_.text(100, "AcDbEntity");
-    out_.text(8, c.layer);
+    sequenceHead("VERTEX", owner, c);
     out_.text(100, "AcDbVertex");
     out_.text(100, subclass);
 }
 
-void DxfWriter::seqend(std::uint64_t owner, const EntityCommon& c)
+void DxfWriter::sequenceHead(const char* type, std::uint64_t owner, const EntityCommon& c)
 {
-    out_.text(0, "SEQEND");
+    out_.text(0, type);
     out_.handle(5, fresh());
     out_.handle(330, owner);
     out_.text(100, "AcDbEntity");
@@ -505,7 +491,7 @@ void DxfWriter::polyline2d(const Polyline2d& pl, std::uint64_t handle, const Ent
         if (v.bulge != 0.0) out_.real(42, v.bulge);
         out_.integer(70, v.type == 1 ? 16 : v.type == 2 ? 8 : v.type == 3 ? 1 : 0);
     }
-    seqend(handle, c);
+    sequenceHead("SEQEND", handle, c);
 }
 
 void DxfWriter::polyline3d(const Polyline3d& pl, std::uint64_t handle, const EntityCommon& c)
@@ -521,7 +507,7 @@ void DxfWriter::polyline3d(const Polyline3d& pl, std::uint64_t handle, const Ent
         out_.point(10, v.position);
         out_.integer(70, 32 | (v.type == 1 ? 16 : v.type == 2 ? 8 : 0));
     }
-    seqend(handle, c);
+    sequenceHead("SEQEND", handle, c);
 }
 
 void DxfWriter::body(const Hatch& h)
@@ -668,6 +654,12 @@ void DxfWriter::dictionaryHead(std::uint64_t handle, std::uint64_t owner, bool r
     out_.integer(281, 1);
 }
 
+void DxfWriter::dictionaryEntry(const std::string& key, std::uint64_t handle)
+{
+    out_.text(3, key);
+    out_.handle(350, handle);
+}
+
 void DxfWriter::objects()
 {
     out_.text(0, "SECTION");
@@ -676,13 +668,11 @@ void DxfWriter::objects()
     dictionaryHead(nod.value, 0, false);
     const std::pair<const char*, std::uint64_t> fixed[] = {{"ACAD_GROUP", groupDict_}, {"ACAD_LAYOUT", layoutDict_}, {"ACAD_MLINESTYLE", styleDict_}};
     for (const auto& [key, handle] : fixed) {
-        out_.text(3, key);
-        out_.handle(350, handle);
+        dictionaryEntry(key, handle);
     }
     auto entries = db_.dictionaryEntries(nod);
     for (const auto& [key, id] : entries) {
-        out_.text(3, key);
-        out_.handle(350, id.value);
+        dictionaryEntry(key, id.value);
     }
     groups();
     layouts();
@@ -697,8 +687,7 @@ void DxfWriter::userDictionary(ObjectId id, std::uint64_t owner)
         auto entries = db_.dictionaryEntries(id);
         dictionaryHead(id.value, owner, true);
         for (const auto& [key, entry] : entries) {
-            out_.text(3, key);
-            out_.handle(350, entry.value);
+            dictionaryEntry(key, entry.value);
         }
         for (const auto& [key, entry] : entries) userDictionary(entry, id.value);
         return;
@@ -715,8 +704,7 @@ void DxfWriter::groups()
     std::vector<Group> all = db_.groups();
     dictionaryHead(groupDict_, db_.namedObjectsDictionary().value, true);
     for (const Group& g : all) {
-        out_.text(3, g.name);
-        out_.handle(350, g.id.value);
+        dictionaryEntry(g.name, g.id.value);
     }
     for (const Group& g : all) {
         objectHead("GROUP", g.id.value, groupDict_, "AcDbGroup");
@@ -733,8 +721,7 @@ void DxfWriter::mlineStyles()
     std::vector<MlineStyle> styles = db_.mlineStyles();
     dictionaryHead(styleDict_, db_.namedObjectsDictionary().value, true);
     for (const MlineStyle& s : styles) {
-        out_.text(3, s.name);
-        out_.handle(350, s.id.value);
+        dictionaryEntry(s.name, s.id.value);
     }
     for (const MlineStyle& s : styles) {
         int flags = (s.fillOn ? 1 : 0) | (s.showMiters ? 2 : 0) | (s.startSquareCap ? 16 : 0) | (s.startInnerArcs ? 32 : 0) |
@@ -758,10 +745,8 @@ void DxfWriter::mlineStyles()
 void DxfWriter::layouts()
 {
     dictionaryHead(layoutDict_, db_.namedObjectsDictionary().value, true);
-    out_.text(3, "Model");
-    out_.handle(350, modelLayout_);
-    out_.text(3, "Layout1");
-    out_.handle(350, paperLayout_);
+    dictionaryEntry("Model", modelLayout_);
+    dictionaryEntry("Layout1", paperLayout_);
     layout(modelLayout_, "Model", 0, modelRecord_);
     layout(paperLayout_, "Layout1", 1, paperRecord_);
 }
@@ -810,25 +795,20 @@ bool saveDxf(const std::string& path, const HostDatabase& db, std::string& error
 {
     std::string text = DxfWriter(db).run();
     std::string temporary = path + ".part";
+    // The cause is taken before the partial file goes, which may set errno.
+    auto fail = [&](bool removePartial) {
+        error = formatString("cannot write %s: %s", path.c_str(), std::strerror(errno));
+        if (removePartial) std::remove(temporary.c_str());
+        return false;
+    };
     {
         std::ofstream out(temporary, std::ios::binary | std::ios::trunc);
-        if (!out) {
-            error = formatString("cannot write %s: %s", path.c_str(), std::strerror(errno));
-            return false;
-        }
+        if (!out) return fail(false);
         out.write(text.data(), static_cast<std::streamsize>(text.size()));
         out.close();
-        if (!out) {
-            error = formatString("cannot write %s: %s", path.c_str(), std::strerror(errno));
-            std::remove(temporary.c_str());
-            return false;
-        }
+        if (!out) return fail(true);
     }
-    if (std::rename(temporary.c_str(), path.c_str()) != 0) {
-        error = formatString("cannot write %s: %s", path.c_str(), std::strerror(errno));
-        std::remove(temporary.c_str());
-        return false;
-    }
+    if (std::rename(temporary.c_str(), path.c_str()) != 0) return fail(true);
     return true;
 }
 

@@ -6,6 +6,7 @@
 
 #include "drawing/create.h"
 #include "host/editor_units.h"
+#include "host/select_filter.h"
 #include "shell/textnum.h"
 #include "shell/userbreak.h"
 
@@ -278,9 +279,11 @@ int HostEditor::selectByAnswer(const Answer& answer, const ResultBuffer& filter,
     const SelectAnswer& select = answer.select;
     if (answer.kind == Kind::Pick) {
         ObjectId picked;
-        if (pickAt({answer.x, answer.y}, picked) != RTNORM) return RTERROR;
-        std::vector<ObjectId> passing = database_.select(query);
-        if (std::find(passing.begin(), passing.end(), picked) == passing.end()) return RTERROR;
+        Entity entity;
+        if (pickAt({answer.x, answer.y}, picked) != RTNORM || database_.readEntity(picked, entity) != eOk) return RTERROR;
+        // Only the picked entity need pass the filter.
+        host::SelectionFilter pickFilter(filter);
+        if (!pickFilter.supported() || !pickFilter.matches(entity)) return RTERROR;
         out.ids = {picked};
         return RTNORM;
     }

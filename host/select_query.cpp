@@ -21,11 +21,14 @@ bool withinSpan(const Point2d& a, const Point2d& b, const Point2d& p)
     return std::min(a.x, b.x) <= p.x && p.x <= std::max(a.x, b.x) && std::min(a.y, b.y) <= p.y && p.y <= std::max(a.y, b.y);
 }
 
+// Whether two values lie strictly on opposite sides of zero.
+bool straddle(double s, double t) { return (s > 0 && t < 0) || (s < 0 && t > 0); }
+
 // Whether two closed segments share a point.
 bool segmentsMeet(const Point2d& a, const Point2d& b, const Point2d& c, const Point2d& d)
 {
     double d1 = cross(c, d, a), d2 = cross(c, d, b), d3 = cross(a, b, c), d4 = cross(a, b, d);
-    if (((d1 > 0 && d2 < 0) || (d1 < 0 && d2 > 0)) && ((d3 > 0 && d4 < 0) || (d3 < 0 && d4 > 0))) return true;
+    if (straddle(d1, d2) && straddle(d3, d4)) return true;
     return (d1 == 0 && withinSpan(c, d, a)) || (d2 == 0 && withinSpan(c, d, b)) || (d3 == 0 && withinSpan(a, b, c)) ||
            (d4 == 0 && withinSpan(a, b, d));
 }
@@ -54,7 +57,7 @@ bool anyEdgeMeets(const std::vector<Point2d>& polygon, const Point2d& a, const P
 bool properlyCross(const Point2d& a, const Point2d& b, const Point2d& c, const Point2d& d)
 {
     double d1 = cross(c, d, a), d2 = cross(c, d, b), d3 = cross(a, b, c), d4 = cross(a, b, d);
-    return ((d1 > 0 && d2 < 0) || (d1 < 0 && d2 > 0)) && ((d3 > 0 && d4 < 0) || (d3 < 0 && d4 > 0));
+    return straddle(d1, d2) && straddle(d3, d4);
 }
 
 bool whollyInside(const Chains& chains, const std::vector<Point2d>& polygon)
@@ -125,15 +128,13 @@ bool polygonMode(SelectMode mode) { return mode == SelectMode::WindowPolygon || 
 
 }  // namespace
 
-bool HostDatabase::passesGeometry(const Entity& entity, const SelectionQuery& query) const
+bool HostDatabase::passesGeometry(const Entity& entity, SelectMode mode, const std::vector<Point2d>& outline, const PlanBox& area) const
 {
-    bool polygon = polygonMode(query.mode);
-    std::vector<Point2d> outline = polygon ? query.points : rectangle(query.points[0], query.points[1]);
-    bool window = query.mode == SelectMode::Window || query.mode == SelectMode::WindowPolygon;
-    if (!polygon) {
+    bool window = mode == SelectMode::Window || mode == SelectMode::WindowPolygon;
+    if (!polygonMode(mode)) {
         // A box wholly inside the window settles both rectangle modes.
         auto box = boxes_.find(entity.common.id.value);
-        if (box != boxes_.end() && boxInside(box->second, boxOf(outline))) return true;
+        if (box != boxes_.end() && boxInside(box->second, area)) return true;
         if (window) return false;
     }
     Chains chains = planOutline(entity);
@@ -152,11 +153,14 @@ std::vector<ObjectId> HostDatabase::select(const SelectionQuery& query) const
     }
     std::size_t needed = polygonMode(query.mode) ? 3 : 2;
     if (query.points.size() < needed) return result;
+    // The query figure and its box are the same for every candidate.
+    std::vector<Point2d> outline = polygonMode(query.mode) ? query.points : rectangle(query.points[0], query.points[1]);
+    PlanBox area = boxOf(outline);
     syncIndex();
-    for (ObjectId id : index_.query(boxOf(query.points))) {
+    for (ObjectId id : index_.query(area)) {
         if (isErased(id)) continue;
         const Entity& entity = entities_.at(id.value);
-        if (entityVisible(entity) && filter.matches(entity) && passesGeometry(entity, query)) result.push_back(id);
+        if (entityVisible(entity) && filter.matches(entity) && passesGeometry(entity, query.mode, outline, area)) result.push_back(id);
     }
     std::sort(result.begin(), result.end());
     return result;
