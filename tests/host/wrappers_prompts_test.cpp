@@ -47,11 +47,7 @@ TEST_F(PromptWrappers, WrongAnswerStopsTheRunNamingTheLine)
 TEST_F(PromptWrappers, EnsureLayerUnlocksAndThawsKeepingTheColour)
 {
     ObjectId id;
-    LayerRecord layer;
-    layer.name = "Seam";
-    layer.color = 3;
-    layer.locked = true;
-    layer.frozen = true;
+    LayerRecord layer{{}, "Seam", 3, "Continuous", false, true, true};
     database().addLayer(layer, id);
     run([&] {
         EXPECT_EQ(ensureLayer("Seam", 1), eOk);
@@ -69,7 +65,6 @@ TEST_F(PromptWrappers, SystemVariablesAndDrawingFolder)
 {
     run([&] {
         EXPECT_EQ(drawingFolder(), "/plans/");
-        EXPECT_EQ(getIntVar("LUPREC"), 4);
         EXPECT_EQ(setCmdEcho(5), RTNORM);
         EXPECT_EQ(getIntVar("CMDECHO"), 1);
         setCmdEcho(0);
@@ -79,7 +74,6 @@ TEST_F(PromptWrappers, SystemVariablesAndDrawingFolder)
         EXPECT_EQ(setStringVar("CLAYER", "NoSuchLayer"), RTERROR);
         EXPECT_EQ(setStringVar("DWGPREFIX", "/x/"), RTERROR);
         EXPECT_EQ(setIntVar("NOSUCHVAR", 1), RTERROR);
-        EXPECT_DOUBLE_EQ(getRealVar("ELEVATION"), 0.0);
     });
 }
 
@@ -122,13 +116,9 @@ TEST_F(PromptWrappers, MessageBoxesTakeScriptAnswers)
     EXPECT_EQ(status, 0);
     EXPECT_EQ(replies, (std::vector<int>{IDNO, IDOK, IDCANCEL, IDNO}));
     EXPECT_NE(transcript().find("[box \"Vornmark\": Overwrite? -> No]"), std::string::npos) << transcript();
-}
-
-TEST_F(PromptWrappers, ABoxAnswerThatIsNoButtonStops)
-{
+    // An answer that is no button of the box stops the run.
     answer("box yes\n");
-    int status = run([&] { AfxMessageBox("Done", MB_OK); });
-    EXPECT_EQ(status, 1);
+    EXPECT_EQ(run([&] { AfxMessageBox("Done", MB_OK); }), 1);
     EXPECT_NE(session().scriptError().find("test.scr line 1"), std::string::npos);
 }
 

@@ -13,9 +13,7 @@ TEST_F(SelectionWrappers, EmptyLayerStringSelectsAndPrintsNothing)
 {
     addSquare("Pillars", 0, 0);
     SelectionSet set;
-    long count = -1;
-    run([&] { count = selectByLayer(set, "", {{0, 0}, {5, 5}}, ""); });
-    EXPECT_EQ(count, 0);
+    run([&] { EXPECT_EQ(selectByLayer(set, "", {{0, 0}, {5, 5}}, ""), 0); });
     EXPECT_TRUE(set.ids.empty());
     EXPECT_EQ(transcript(), "");
 }
@@ -35,12 +33,8 @@ TEST_F(SelectionWrappers, TwoPointsCrossThePrintedWindow)
 TEST_F(SelectionWrappers, PolygonPointsAfterTheFirstArePrintedTwice)
 {
     addSquare("Pillars", 0, 0);
-    long count = 0;
-    run([&] {
-        SelectionSet set;
-        count = selectByLayer(set, "Pillars", {{-1, -1}, {5, -1}, {5, 5}}, "");
-    });
-    EXPECT_EQ(count, 1);
+    SelectionSet set;
+    EXPECT_EQ(run([&] { EXPECT_EQ(selectByLayer(set, "Pillars", {{-1, -1}, {5, -1}, {5, 5}}, ""), 1); }), 0);
     EXPECT_EQ(transcript(),
               "\nPoint No 0, X = -1.000000, Y = -1.000000\nPoint No 1, X = 5.000000, Y = -1.000000"
               "\nPoint No 2, X = 5.000000, Y = 5.000000\nPoint No 1, X = 5.000000, Y = -1.000000"
