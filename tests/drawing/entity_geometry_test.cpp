@@ -101,10 +101,7 @@ TEST_F(DrawingTest, RegionOverlapOfClosedCurves)
     // The source curves are left as they were.
     EXPECT_NEAR(curveArea(a), 4.0, 1e-9);
     EXPECT_FALSE(db.isErased(b));
-}
-
-TEST_F(DrawingTest, CurvesIntersectInPlanWhateverTheElevation)
-{
+    // Curves intersect in plan whatever their elevation.
     ObjectId low = addPolyline({{0, 0}, {4, 4}}, false, 0.0);
     ObjectId high = addPolyline({{0, 4}, {4, 0}}, false, 10.0);
     ObjectId apart = addPolyline({{10, 0}, {10, 4}}, false, 0.0);

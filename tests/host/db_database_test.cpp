@@ -55,7 +55,7 @@ TEST(DbLayers, TableKeepsStatesAndNamesCompareWithoutCase)
     EXPECT_EQ(db.currentLayer(), "0");
 }
 
-TEST(DbEntities, AppendReadWriteEraseById)
+TEST(DbEntities, AppendReadWriteEraseByIdUnlessLocked)
 {
     HostDatabase db;
     addLayer(db, "A");
@@ -85,11 +85,7 @@ TEST(DbEntities, AppendReadWriteEraseById)
     EXPECT_EQ(db.modelSpace(), std::vector<ObjectId>{first});
     EXPECT_EQ(db.readEntity(ObjectId{}, back), eNullObjectId);
     EXPECT_EQ(db.readEntity(db.namedObjectsDictionary(), back), eNotThatKindOfClass);
-}
-
-TEST(DbEntities, LockedLayerRefusesChangesButNotReading)
-{
-    HostDatabase db;
+    // A locked layer refuses changes but not reading.
     addLayer(db, "Locked");
     addLayer(db, "Open");
     ObjectId onLocked = append(db, polylineOn("Locked", {{0, 0}, {1, 0}}));
@@ -98,8 +94,6 @@ TEST(DbEntities, LockedLayerRefusesChangesButNotReading)
     db.findLayer("Locked", locked);
     locked.locked = true;
     db.updateLayer(locked);
-
-    Entity e;
     ASSERT_EQ(db.readEntity(onLocked, e), eOk);
     EXPECT_EQ(db.writeEntity(e), eOnLockedLayer);
     EXPECT_EQ(db.erase(onLocked), eOnLockedLayer);

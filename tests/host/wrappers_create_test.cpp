@@ -22,10 +22,7 @@ TEST_F(CreateWrappers, PolylinesAndHatchesNeedEnoughPoints)
     const auto& loop = hatch.as<Hatch>()->loops.at(0);
     EXPECT_EQ(loop.points.size(), 4u);  // closed by repeating the first point
     EXPECT_EQ(hatch.as<Hatch>()->patternName, "SOLID");
-}
-
-TEST_F(CreateWrappers, SolidCornersRunInAZAndFacesRepeatTheThird)
-{
+    // Solid corners run in a Z; a face repeats its third corner.
     ObjectId solidId, faceId;
     run([&] {
         addSolid(solidId, {{0, 0, 0}, {1, 0, 0}, {1, 1, 0}, {0, 1, 0}}, 2, "");
