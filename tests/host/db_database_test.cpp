@@ -154,7 +154,7 @@ TEST(DbDictionary, XrecordUnderTakenKeyReplacesTheOldOne)
     EXPECT_TRUE(db.dictionaryEntries(nod).empty());
 }
 
-TEST(DbGroups, MembersStayLiveEntitiesOnly)
+TEST(DbGroups, MembersStayLiveEntitiesOnlyMlineStyleNamesUnique)
 {
     HostDatabase db;
     ObjectId a = append(db, polylineOn("0", {{0, 0}, {1, 0}}));
@@ -171,16 +171,11 @@ TEST(DbGroups, MembersStayLiveEntitiesOnly)
     db.erase(a);
     db.findGroup("VORN_Legend", back);
     EXPECT_EQ(back.members, std::vector<ObjectId>{b});
-}
-
-TEST(DbMlineStyles, StandardExistsAndNamesAreUnique)
-{
-    HostDatabase db;
+    // The standard mline style exists; style names are unique.
     MlineStyle style;
     ASSERT_TRUE(db.findMlineStyle("Standard", style));
     EXPECT_EQ(style.elements.size(), 2u);
     style.name = "MineGrid_Pillar";
-    ObjectId id;
     ASSERT_EQ(db.addMlineStyle(style, id), eOk);
     EXPECT_EQ(db.addMlineStyle(style, id), eDuplicateKey);
     EXPECT_EQ(db.mlineStyles().size(), 2u);

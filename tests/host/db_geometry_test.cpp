@@ -70,7 +70,7 @@ TEST(DbCurves, ClosestPointInPlanKeepsTheCurvesElevation)
     EXPECT_EQ(db.getClosestPointTo(text, {0, 0, 0}, kPlan, q), eNotApplicable);
 }
 
-TEST(DbCurves, IntersectionsInPlanIgnoreElevation)
+TEST(DbCurves, IntersectionsInPlanIgnoreElevationExtentsReachQuadrants)
 {
     HostDatabase db;
     Entity low = polyline({{{0, 0}}, {{10, 10}}}, false, 100.0);
@@ -96,14 +96,10 @@ TEST(DbCurves, IntersectionsInPlanIgnoreElevation)
 
     // Touching squares meet along an edge: the overlap's ends come back.
     EXPECT_EQ(crossings(square(0, 0, 1), square(1, 0, 1)).size(), 2u);
-}
-
-TEST(DbCurves, ExtentsOfAnArcReachItsQuadrants)
-{
-    HostDatabase db;
-    Entity arc = entityOf(Arc{{0, 0, 0}, 2.0, -kPi / 4, kPi / 4});
+    // The extents of an arc reach its quadrants.
+    Entity quarter = entityOf(Arc{{0, 0, 0}, 2.0, -kPi / 4, kPi / 4});
     Extents3d e;
-    ASSERT_EQ(db.getGeomExtents(arc, e), eOk);
+    ASSERT_EQ(db.getGeomExtents(quarter, e), eOk);
     EXPECT_NEAR(e.maxPoint.x, 2.0, 1e-12);
     EXPECT_NEAR(e.minPoint.x, std::sqrt(2.0), 1e-12);
     EXPECT_NEAR(e.maxPoint.y, std::sqrt(2.0), 1e-12);

@@ -172,10 +172,6 @@ TEST_F(EditorHost, MeterAndUserBreak)
     EXPECT_FALSE(editor().progressMeter().shown);
     EXPECT_EQ(contentsOf(terminal).substr(0, 38), "\rBuilding grid   0%\rBuilding grid  25%");
     std::fclose(terminal);
-}
-
-TEST_F(EditorHost, ColourDialogTakesAnIndexAndThePaletteIsStandard)
-{
     answer("5\n256\n<esc>\n");
     run([&] {
         int color = 3;

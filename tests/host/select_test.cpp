@@ -101,8 +101,14 @@ TEST_F(SelectTest, FiltersOnTypeLayerAndApplication)
     EXPECT_TRUE(select(SelectMode::All, {}, {ResultItem::ofReal(40, 1.0)}).empty());  // unknown code
 }
 
-TEST_F(SelectTest, IndexFollowsMovesAndErasures)
+TEST_F(SelectTest, PicksComeNearestFirstIndexFollowsMovesAndErasures)
 {
+    ObjectId near = add("Entries", box(0, 10.5, 10, 10.5, false));
+    EXPECT_EQ(db.entitiesNear({5, 10.4}, 0.5), (std::vector<ObjectId>{near, pillar}));
+    EXPECT_EQ(db.entitiesNear({5, 9.8}, 0.3), std::vector<ObjectId>{pillar});
+    EXPECT_TRUE(db.entitiesNear({5, 5}, 1.0).empty());
+    EXPECT_EQ(db.entitiesNear({50.1, 50}, 0.2), std::vector<ObjectId>{survey});
+    // The index follows moves and erasures.
     Entity e;
     db.readEntity(pillar, e);
     e.shape = box(100, 100, 110, 110, true);
@@ -111,15 +117,6 @@ TEST_F(SelectTest, IndexFollowsMovesAndErasures)
     EXPECT_EQ(select(SelectMode::Window, {{99, 99}, {111, 111}}), std::vector<ObjectId>{pillar});
     db.erase(pillar);
     EXPECT_TRUE(select(SelectMode::Window, {{99, 99}, {111, 111}}).empty());
-}
-
-TEST_F(SelectTest, PicksComeNearestFirstWithinTheAperture)
-{
-    ObjectId near = add("Entries", box(0, 10.5, 10, 10.5, false));
-    EXPECT_EQ(db.entitiesNear({5, 10.4}, 0.5), (std::vector<ObjectId>{near, pillar}));
-    EXPECT_EQ(db.entitiesNear({5, 9.8}, 0.3), std::vector<ObjectId>{pillar});
-    EXPECT_TRUE(db.entitiesNear({5, 5}, 1.0).empty());
-    EXPECT_EQ(db.entitiesNear({50.1, 50}, 0.2), std::vector<ObjectId>{survey});
 }
 
 TEST_F(SelectTest, AreaKindsAreFoundByTheirOutlines)

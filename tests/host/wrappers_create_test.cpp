@@ -56,10 +56,7 @@ TEST_F(CreateWrappers, GroupsGetNumberedNamesAndStylesAreMadeOnce)
     ASSERT_EQ(style.elements.size(), 2u);
     EXPECT_EQ(style.elements[1].offset, -0.5);
     EXPECT_EQ(style.elements[0].linetype, "Continuous");
-}
-
-TEST_F(CreateWrappers, AssociativeHatchIsKnownToItsBoundary)
-{
+    // An associative hatch is known to its boundary.
     ObjectId boundary = addSquare("A", 0, 0);
     ObjectId hatchId;
     run([&] { EXPECT_EQ(addHatchFromLoop(hatchId, boundary), eOk); });
@@ -80,10 +77,6 @@ TEST_F(CreateWrappers, TemporaryVectorsLastUntilRedraw)
     EXPECT_EQ(editor().tempVectors()[0].highlight, 1);
     run([&] { redrawAndFlush(); });
     EXPECT_TRUE(editor().tempVectors().empty());
-}
-
-TEST_F(CreateWrappers, ViewRectangleAndPixels)
-{
     run([&] {
         acedZoomWindow({0, 0, 0}, {100, 75, 0});
         Point3d lower, upper, center;
@@ -148,10 +141,6 @@ TEST(SmallHelpers, SplitFieldsSqueezesBlanks)
     EXPECT_EQ(joinSelectedItems({"A", "B", "C"}, {true, false, true}, ","), "A,C");
     EXPECT_STREQ(unitName(2, 1), "ft.");
     EXPECT_STREQ(unitName(4, 2), "MPa");
-}
-
-TEST(SmallHelpers, ResultBufferTexts)
-{
     ResultBuffer chain{ResultItem::ofText(8, "Layer"), ResultItem::ofReal(40, 2.5), ResultItem::ofInt(70, 3),
                        ResultItem::ofInt(90, 12), ResultItem::ofPoint(10, {1, 2, 3}), ResultItem::ofInt(330, 255),
                        ResultItem::ofReal(RTREAL, 1.0), ResultItem::ofInt(1071, 7)};

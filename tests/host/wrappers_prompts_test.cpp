@@ -59,10 +59,7 @@ TEST_F(PromptWrappers, EnsureLayerUnlocksAndThawsKeepingTheColour)
     EXPECT_EQ(layer.color, 3);
     ASSERT_TRUE(database().findLayer(kWorkingLayerName, layer));
     EXPECT_EQ(layer.color, 7);
-}
-
-TEST_F(PromptWrappers, SystemVariablesAndDrawingFolder)
-{
+    // System variables and the drawing folder.
     run([&] {
         EXPECT_EQ(drawingFolder(), "/plans/");
         EXPECT_EQ(setCmdEcho(5), RTNORM);
