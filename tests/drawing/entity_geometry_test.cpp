@@ -109,7 +109,7 @@ TEST_F(DrawingTest, RegionOverlapOfClosedCurves)
     EXPECT_FALSE(curvesIntersect(low, apart));
 }
 
-TEST_F(DrawingTest, ClosedCopyNeedsArea)
+TEST_F(DrawingTest, ClosedCopyNeedsAreaOffsetGoesOutwardEitherWayRound)
 {
     Entity copy;
     ASSERT_TRUE(makeClosedPolylineFromEntity(addPolyline({{0, 0}, {3, 0}, {3, 3}}, false, 7.0), copy));
@@ -124,10 +124,6 @@ TEST_F(DrawingTest, ClosedCopyNeedsArea)
     EXPECT_FALSE(makeClosedPolylineFromEntity(addPolyline({{0, 0}, {3, 0}, {6, 0}}), copy));
     EXPECT_FALSE(makeClosedPolylineFromEntity(addPolyline({{0, 0}, {3, 3}}), copy));
     EXPECT_FALSE(makeClosedPolylineFromEntity(add(vorn::PointEntity{{1, 1, 0}}), copy));
-}
-
-TEST_F(DrawingTest, OffsetBoundaryGoesOutwardEitherWayRound)
-{
     // The offset polyline is built of the vertices as read, the closing
     // point repeated, and is not itself closed: its ends meet at the first
     // corner without a joined corner there.

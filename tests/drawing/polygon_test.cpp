@@ -132,7 +132,7 @@ TEST(ClipPolygonArea, DegenerateInputHasNoArea)
     EXPECT_EQ(overlapArea({{0, 0}, {1, 1}, {2, 2}}, kSquare), 0.0);
 }
 
-TEST(IsClockwise, CountsTurnsNotArea)
+TEST(IsClockwise, CountsTurnsNotAreaPlanarDistanceIgnoresHeight)
 {
     EXPECT_FALSE(isClockwise(kSquare));
     EXPECT_TRUE(isClockwise(Poly(kSquare.rbegin(), kSquare.rend())));
@@ -176,10 +176,7 @@ TEST(ConvexHull, CollinearPointsSortNearestFirstAndPivotIsLowestThenLeftmost)
     Poly few{{1, 1}, {0, 0}};
     convexHull(few, hull);
     EXPECT_EQ(hull.size(), 2u);
-}
-
-TEST(PlanarDistance, IgnoresHeight)
-{
+    // Planar distance ignores height.
     EXPECT_DOUBLE_EQ(planarDistance(Point2d{0, 0}, Point2d{3, 4}), 5.0);
     EXPECT_DOUBLE_EQ(planarDistance(vorn::Point3d{0, 0, 7}, vorn::Point3d{3, 4, -2}), 5.0);
 }

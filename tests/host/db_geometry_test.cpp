@@ -188,7 +188,7 @@ TEST(DbRegions, ClosedCurvesMakeRegionsThatUniteAndSubtract)
     EXPECT_NEAR(area(db, nested[0]), 96.0, 1e-9);
 }
 
-TEST(DbRegions, OpenOrDegenerateCurvesMakeNoRegion)
+TEST(DbRegions, OpenOrDegenerateCurvesMakeNoRegionHatchLoopsNestAsHoles)
 {
     HostDatabase db;
     std::vector<Entity> regions;
@@ -200,11 +200,7 @@ TEST(DbRegions, OpenOrDegenerateCurvesMakeNoRegion)
     Entity circle = entityOf(Circle{{0, 0, 0}, 1.0});
     ASSERT_EQ(db.createRegionsFromCurves({circle}, regions), eOk);
     EXPECT_NEAR(area(db, regions[0]), kPi, 1e-3);
-}
-
-TEST(DbRegions, HatchAreaTakesNestedLoopsAsHoles)
-{
-    HostDatabase db;
+    // A hatch takes nested loops as holes.
     Hatch h;
     h.loops = {{1, {{0, 0}, {10, 0}, {10, 10}, {0, 10}}, {}}, {0, {{2, 2}, {4, 2}, {4, 4}, {2, 4}}, {}}};
     EXPECT_NEAR(area(db, entityOf(h)), 96.0, 1e-9);

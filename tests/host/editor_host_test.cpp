@@ -88,7 +88,7 @@ TEST_F(EditorHost, KeywordsAndBitsOfThePromptFamily)
     EXPECT_NE(transcript().find("\nPick:k\n\nPick:7,8\n"), std::string::npos) << transcript();
 }
 
-TEST_F(EditorHost, BitsRefuseAnswersInAScript)
+TEST_F(EditorHost, BitsRefuseAnswersInAScriptStringsKeepOrCutBlanks)
 {
     answer("0\n");
     int status = run([&] {
@@ -105,10 +105,7 @@ TEST_F(EditorHost, BitsRefuseAnswersInAScript)
         acedInitGet(RSG_NONULL, nullptr);
         acedGetPoint(nullptr, "\nPoint:", point);
     }), 1);
-}
-
-TEST_F(EditorHost, StringsKeepOrCutBlanksAndEnterIsEmpty)
-{
+    // Strings keep or cut blanks; <enter> is an empty string.
     answer("North Seam\nNorth Seam\n<enter>\n<esc>\n");
     run([&] {
         std::string text = "x";
