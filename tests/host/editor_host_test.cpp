@@ -119,7 +119,7 @@ TEST_F(EditorHost, BitsRefuseAnswersInAScriptStringsKeepOrCutBlanks)
     });
 }
 
-TEST_F(EditorHost, HatchCommandHatchesClosedObjectsOnTheCurrentLayer)
+TEST_F(EditorHost, HatchCommandOnTheCurrentLayerUnitsFollowTheVariables)
 {
     ObjectId square = addSquare("A", 0, 0);
     ObjectId open;
@@ -133,10 +133,7 @@ TEST_F(EditorHost, HatchCommandHatchesClosedObjectsOnTheCurrentLayer)
     ASSERT_NE(hatch.as<Hatch>(), nullptr);
     EXPECT_EQ(hatch.as<Hatch>()->loops.size(), 1u);
     EXPECT_EQ(hatch.common.layer, "0");
-}
-
-TEST_F(EditorHost, UnitConversionFollowsTheVariables)
-{
+    // Unit conversion follows the variables.
     run([&] {
         std::string text;
         setIntVar("LUPREC", 1);
