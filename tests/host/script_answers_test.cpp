@@ -28,10 +28,7 @@ TEST(ScriptLine, ClassifiesEachForm)
     EXPECT_EQ(parse("box yes").box, IDYES);
     EXPECT_EQ(parse("box Cancel").box, IDCANCEL);
     EXPECT_EQ(parse("box maybe").kind, Answer::Kind::Text);
-}
-
-TEST(ScriptLine, SelectFileAndPanelLines)
-{
+    // Select, file and panel lines.
     Answer window = parse("select window 0,0 10,5");
     ASSERT_EQ(window.kind, Answer::Kind::Select);
     EXPECT_EQ(window.select.mode, SelectAnswer::Mode::Window);

@@ -14,7 +14,7 @@ namespace {
 
 class PromptWrappers : public ScriptedHost {};
 
-TEST_F(PromptWrappers, AskYesNoAnswersEnterEscAndKeywords)
+TEST_F(PromptWrappers, AskYesNoAnswersEnterEscAndKeywordsOthersStopTheRun)
 {
     answer("<enter>\n<esc>\nn\nYES\n<enter>\n");
     std::vector<int> replies;
@@ -29,10 +29,7 @@ TEST_F(PromptWrappers, AskYesNoAnswersEnterEscAndKeywords)
     EXPECT_EQ(replies, (std::vector<int>{IDYES, IDCANCEL, IDNO, IDYES, IDNO, IDCANCEL}));
     EXPECT_NE(transcript().find("\nCompute Group Percentage? [No/<Yes>]:<enter>\n"), std::string::npos) << transcript();
     EXPECT_NE(transcript().find("\nDelete? [Yes/<No>]:YES\n"), std::string::npos) << transcript();
-}
-
-TEST_F(PromptWrappers, WrongAnswerStopsTheRunNamingTheLine)
-{
+    // A wrong answer stops the run naming the line.
     answer("# answers\n<enter>\nMaybe\n");
     int status = run([&] {
         askYesNo("Keep?", IDYES);
