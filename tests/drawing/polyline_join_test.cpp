@@ -45,7 +45,7 @@ TEST(MatchPolylineEnds, FirstMeetingPairInOrder)
     EXPECT_EQ(matchPolylineEnds(a, polyline({{1, 0}, {1, 5}}, 3.0)), -1);
 }
 
-TEST(AppendPolyline, EachModeAddsAtItsEnd)
+TEST(AppendPolyline, EachModeAddsAtItsEndModeZeroAtTheNearest)
 {
     LwPolyline b = polyline({{10, 0}, {11, 0}, {12, 0}});
     const std::vector<std::vector<double>> expected{
@@ -65,11 +65,8 @@ TEST(AppendPolyline, EachModeAddsAtItsEnd)
     EXPECT_DOUBLE_EQ(a.vertices[2].bulge, 0.3);
     EXPECT_DOUBLE_EQ(a.vertices[2].startWidth, 3.0);
     EXPECT_DOUBLE_EQ(a.vertices[2].endWidth, 4.0);
-}
-
-TEST(AppendPolyline, ModeZeroTakesTheNearestEnds)
-{
-    LwPolyline a = polyline({{0, 0}, {1, 0}});
+    // Mode 0 takes the nearest ends; other modes are refused.
+    a = polyline({{0, 0}, {1, 0}});
     ASSERT_TRUE(appendPolyline(a, polyline({{5, 5}, {1.5, 0}}), 0));
     EXPECT_EQ(xs(a), (std::vector<double>{0, 1, 1.5, 5}));
     LwPolyline c = polyline({{0, 0}, {1, 0}});

@@ -13,11 +13,11 @@ namespace {
 constexpr double kPi = std::numbers::pi;
 const Vector3d kPlan{0, 0, 1};
 
+Entity entityOf(EntityShape shape) { return Entity{{}, std::move(shape)}; }
+
 Entity polyline(std::vector<PolyVertex> vertices, bool closed = false, double elevation = 0.0)
 {
-    Entity e;
-    e.shape = LwPolyline{std::move(vertices), closed, elevation, 0.0};
-    return e;
+    return entityOf(LwPolyline{std::move(vertices), closed, elevation, 0.0});
 }
 
 Entity square(double x0, double y0, double size, bool clockwise = false)
@@ -66,51 +66,40 @@ TEST(DbCurves, ClosestPointInPlanKeepsTheCurvesElevation)
     ASSERT_EQ(db.getClosestPointTo(contour, {20, 20, 7}, kPlan, q), eOk);
     EXPECT_TRUE(q.isEqualTo({10, 10, 250}));
     EXPECT_EQ(db.getClosestPointTo(contour, {0, 0, 0}, {1, 0, 0}, q), eNotImplementedYet);
-    Entity text;
-    text.shape = Text{};
+    Entity text = entityOf(Text{});
     EXPECT_EQ(db.getClosestPointTo(text, {0, 0, 0}, kPlan, q), eNotApplicable);
 }
 
-TEST(DbCurves, IntersectionsInPlanIgnoreElevation)
+TEST(DbCurves, IntersectionsInPlanIgnoreElevationExtentsReachQuadrants)
 {
     HostDatabase db;
     Entity low = polyline({{{0, 0}}, {{10, 10}}}, false, 100.0);
     Entity high = polyline({{{0, 10}}, {{10, 0}}}, false, 200.0);
-    std::vector<Point3d> points;
-    ASSERT_EQ(db.intersectInPlan(low, high, points), eOk);
+    auto crossings = [&db](const Entity& a, const Entity& b) {
+        std::vector<Point3d> points;
+        EXPECT_EQ(db.intersectInPlan(a, b, points), eOk);
+        return points;
+    };
+    std::vector<Point3d> points = crossings(low, high);
     ASSERT_EQ(points.size(), 1u);
     EXPECT_TRUE(points[0].isEqualTo({5, 5, 0}));
 
-    Entity circle;
-    circle.shape = Circle{{0, 0, 0}, 5.0};
-    Entity line;
-    line.shape = Line{{-10, 3, 0}, {10, 3, 0}};
-    points.clear();
-    db.intersectInPlan(circle, line, points);
+    Entity circle = entityOf(Circle{{0, 0, 0}, 5.0});
+    Entity line = entityOf(Line{{-10, 3, 0}, {10, 3, 0}});
+    points = crossings(circle, line);
     ASSERT_EQ(points.size(), 2u);
     EXPECT_NEAR(std::abs(points[0].x), 4.0, 1e-9);
 
-    Entity arc;  // upper half only: a line below misses it
-    arc.shape = Arc{{0, 0, 0}, 5.0, 0.0, kPi};
-    Entity below;
-    below.shape = Line{{-10, -3, 0}, {10, -3, 0}};
-    points.clear();
-    db.intersectInPlan(arc, below, points);
-    EXPECT_TRUE(points.empty());
+    Entity arc = entityOf(Arc{{0, 0, 0}, 5.0, 0.0, kPi});  // upper half only: a line below misses it
+    Entity below = entityOf(Line{{-10, -3, 0}, {10, -3, 0}});
+    EXPECT_TRUE(crossings(arc, below).empty());
 
     // Touching squares meet along an edge: the overlap's ends come back.
-    points.clear();
-    db.intersectInPlan(square(0, 0, 1), square(1, 0, 1), points);
-    EXPECT_EQ(points.size(), 2u);
-}
-
-TEST(DbCurves, ExtentsOfAnArcReachItsQuadrants)
-{
-    HostDatabase db;
-    Entity arc;
-    arc.shape = Arc{{0, 0, 0}, 2.0, -kPi / 4, kPi / 4};
+    EXPECT_EQ(crossings(square(0, 0, 1), square(1, 0, 1)).size(), 2u);
+    // The extents of an arc reach its quadrants.
+    Entity quarter = entityOf(Arc{{0, 0, 0}, 2.0, -kPi / 4, kPi / 4});
     Extents3d e;
-    ASSERT_EQ(db.getGeomExtents(arc, e), eOk);
+    ASSERT_EQ(db.getGeomExtents(quarter, e), eOk);
     EXPECT_NEAR(e.maxPoint.x, 2.0, 1e-12);
     EXPECT_NEAR(e.minPoint.x, std::sqrt(2.0), 1e-12);
     EXPECT_NEAR(e.maxPoint.y, std::sqrt(2.0), 1e-12);
@@ -129,15 +118,15 @@ TEST(DbOffsets, ClosedPolylinesGrowToTheRightOfTravel)
         EXPECT_EQ(pl->vertices.size(), 4u);
         EXPECT_NEAR(area(db, out[0]), 144.0, 1e-9) << "clockwise " << clockwise;
     }
-    std::vector<Entity> inward;
+    std::vector<Entity> inward, round;
     db.getOffsetCurves(square(0, 0, 10), -2.0, inward);
     ASSERT_EQ(inward.size(), 1u);
     EXPECT_NEAR(area(db, inward[0]), 36.0, 1e-9);
-}
-
-TEST(DbOffsets, ShrinkingApartGivesSeveralCurvesOrNone)
-{
-    HostDatabase db;
+    // Bulged segments stay concentric arcs.
+    db.getOffsetCurves(polyline({{{0, 0}, 1.0}, {{10, 0}, 1.0}}, true), 1.0, round);
+    ASSERT_EQ(round.size(), 1u);
+    EXPECT_NEAR(area(db, round[0]), kPi * 36.0, 1e-9);
+    // Shrinking apart gives several curves, or none.
     // A dumbbell: two 10 x 10 squares joined by a 2 wide neck.
     Entity dumbbell = polyline({{{0, 0}}, {{10, 0}}, {{10, 4}}, {{20, 4}}, {{20, 0}}, {{30, 0}}, {{30, 10}}, {{20, 10}}, {{20, 6}}, {{10, 6}}, {{10, 10}}, {{0, 10}}}, true);
     std::vector<Entity> out;
@@ -148,7 +137,7 @@ TEST(DbOffsets, ShrinkingApartGivesSeveralCurvesOrNone)
     EXPECT_TRUE(out.empty());
 }
 
-TEST(DbOffsets, OpenPolylineShiftsWithExtendedCorners)
+TEST(DbOffsets, OpenPolylineShiftsWithExtendedCornersAndDropsFolds)
 {
     HostDatabase db;
     std::vector<Entity> out;
@@ -159,35 +148,18 @@ TEST(DbOffsets, OpenPolylineShiftsWithExtendedCorners)
     EXPECT_TRUE(v[0].point.isEqualTo({0, -1}));
     EXPECT_TRUE(v[1].point.isEqualTo({11, -1}));
     EXPECT_TRUE(v[2].point.isEqualTo({11, 10}));
-    Entity line;
-    line.shape = Line{};
-    EXPECT_EQ(db.getOffsetCurves(line, 1.0, out), eNotApplicable);
-}
+    EXPECT_EQ(db.getOffsetCurves(entityOf(Line{}), 1.0, out), eNotApplicable);
 
-TEST(DbOffsets, OpenPolylineDropsASegmentItsOffsetFoldsOver)
-{
-    HostDatabase db;
     // A short rise between two turns to the left; offset by 2 to the left
-    // its offset piece would run backwards.
-    std::vector<Entity> out;
+    // its offset piece would run backwards and is dropped.
+    out.clear();
     ASSERT_EQ(db.getOffsetCurves(polyline({{{0, 0}}, {{10, 0}}, {{10, 1}}, {{0, 5}}}), -2.0, out), eOk);
     ASSERT_EQ(out.size(), 1u);
-    const auto& v = out[0].as<LwPolyline>()->vertices;
-    ASSERT_EQ(v.size(), 3u);
-    EXPECT_TRUE(v[0].point.isEqualTo({0, 2}));
-    EXPECT_NEAR(v[1].point.y, 2.0, 1e-12);
-    EXPECT_NEAR(v[1].point.x, 7.5 - 58.0 / std::sqrt(116.0), 1e-9);
-    EXPECT_NEAR(v[2].point.x, -8.0 / std::sqrt(116.0), 1e-12);
-    EXPECT_NEAR(v[2].point.y, 5.0 - 20.0 / std::sqrt(116.0), 1e-12);
-}
-
-TEST(DbOffsets, ArcsStayConcentric)
-{
-    HostDatabase db;
-    std::vector<Entity> out;
-    ASSERT_EQ(db.getOffsetCurves(polyline({{{0, 0}, 1.0}, {{10, 0}, 1.0}}, true), 1.0, out), eOk);
-    ASSERT_EQ(out.size(), 1u);
-    EXPECT_NEAR(area(db, out[0]), kPi * 36.0, 1e-9);
+    const auto& folded = out[0].as<LwPolyline>()->vertices;
+    ASSERT_EQ(folded.size(), 3u);
+    EXPECT_TRUE(folded[0].point.isEqualTo({0, 2}));
+    EXPECT_NEAR(folded[1].point.y, 2.0, 1e-12);
+    EXPECT_NEAR(folded[2].point.y, 5.0 - 20.0 / std::sqrt(116.0), 1e-12);
 }
 
 TEST(DbRegions, ClosedCurvesMakeRegionsThatUniteAndSubtract)
@@ -216,7 +188,7 @@ TEST(DbRegions, ClosedCurvesMakeRegionsThatUniteAndSubtract)
     EXPECT_NEAR(area(db, nested[0]), 96.0, 1e-9);
 }
 
-TEST(DbRegions, OpenOrDegenerateCurvesMakeNoRegion)
+TEST(DbRegions, OpenOrDegenerateCurvesMakeNoRegionHatchLoopsNestAsHoles)
 {
     HostDatabase db;
     std::vector<Entity> regions;
@@ -225,21 +197,13 @@ TEST(DbRegions, OpenOrDegenerateCurvesMakeNoRegion)
     // A bow tie crosses itself.
     EXPECT_EQ(db.createRegionsFromCurves({polyline({{{0, 0}}, {{2, 2}}, {{2, 0}}, {{0, 1}}}, true)}, regions), eGeneralModelingFailure);
     EXPECT_TRUE(regions.empty());
-    Entity circle;
-    circle.shape = Circle{{0, 0, 0}, 1.0};
+    Entity circle = entityOf(Circle{{0, 0, 0}, 1.0});
     ASSERT_EQ(db.createRegionsFromCurves({circle}, regions), eOk);
     EXPECT_NEAR(area(db, regions[0]), kPi, 1e-3);
-}
-
-TEST(DbRegions, HatchAreaTakesNestedLoopsAsHoles)
-{
-    HostDatabase db;
+    // A hatch takes nested loops as holes.
     Hatch h;
-    h.loops.push_back({1, {{0, 0}, {10, 0}, {10, 10}, {0, 10}}, {}});
-    h.loops.push_back({0, {{2, 2}, {4, 2}, {4, 4}, {2, 4}}, {}});
-    Entity e;
-    e.shape = h;
-    EXPECT_NEAR(area(db, e), 96.0, 1e-9);
+    h.loops = {{1, {{0, 0}, {10, 0}, {10, 10}, {0, 10}}, {}}, {0, {{2, 2}, {4, 2}, {4, 4}, {2, 4}}, {}}};
+    EXPECT_NEAR(area(db, entityOf(h)), 96.0, 1e-9);
 }
 
 }  // namespace

@@ -12,7 +12,7 @@ std::string match(const std::string& list, const std::string& input)
     return matchKeyword(parseKeywords(list), input).value_or("<none>");
 }
 
-TEST(Keywords, CapitalLettersAreTheShortcut)
+TEST(Keywords, CapitalLettersOrTheCommaFormAreTheShortcut)
 {
     EXPECT_EQ(match("Keep", "K"), "Keep");
     EXPECT_EQ(match("Keep", "ke"), "Keep");
@@ -23,10 +23,7 @@ TEST(Keywords, CapitalLettersAreTheShortcut)
     EXPECT_EQ(match("SLayer", "slay"), "SLayer");
     EXPECT_EQ(match("eXit", "x"), "eXit");
     EXPECT_EQ(match("eXit", "ex"), "<none>");
-}
-
-TEST(Keywords, CommaFormAndFirstMatchWins)
-{
+    // Comma form, and the first match wins.
     EXPECT_EQ(match("YES,Y NO,N", "y"), "YES");
     EXPECT_EQ(match("YES,Y NO,N", "ye"), "YES");
     EXPECT_EQ(match("WINDOW,W CROSSING,C CPOLYGON,CP", "cp"), "CPOLYGON");

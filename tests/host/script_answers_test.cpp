@@ -28,10 +28,7 @@ TEST(ScriptLine, ClassifiesEachForm)
     EXPECT_EQ(parse("box yes").box, IDYES);
     EXPECT_EQ(parse("box Cancel").box, IDCANCEL);
     EXPECT_EQ(parse("box maybe").kind, Answer::Kind::Text);
-}
-
-TEST(ScriptLine, SelectFileAndPanelLines)
-{
+    // Select, file and panel lines.
     Answer window = parse("select window 0,0 10,5");
     ASSERT_EQ(window.kind, Answer::Kind::Select);
     EXPECT_EQ(window.select.mode, SelectAnswer::Mode::Window);
@@ -72,7 +69,7 @@ TEST(ScriptSource, SkipsCommentsAndBlankLinesKeepingNumbers)
     EXPECT_FALSE(source->nextLine());
 }
 
-TEST(Answers, WrongKindStopsTheRunNamingTheLine)
+TEST(Answers, WrongKindStopsTheRunNamingTheLineEscAlwaysStops)
 {
     Answers answers(ScriptSource::fromText("box yes\n", "run.scr"));
     try {
@@ -84,16 +81,13 @@ TEST(Answers, WrongKindStopsTheRunNamingTheLine)
         EXPECT_NE(message.find("a point at \"Pick:\""), std::string::npos) << message;
         EXPECT_NE(message.find("box yes"), std::string::npos) << message;
     }
-}
-
-TEST(Answers, EscAfterTheEndAndForPanels)
-{
-    Answers answers(ScriptSource::fromText("ok\n<esc>\n"));
-    EXPECT_EQ(answers.nextPanelAnswer("Define a Grid").action, PanelAnswer::Action::Ok);
+    // <esc> after the end, and for panels.
+    Answers ended(ScriptSource::fromText("ok\n<esc>\n"));
+    EXPECT_EQ(ended.nextPanelAnswer("Define a Grid").action, PanelAnswer::Action::Ok);
     auto any = [](const Answer&) { return false; };
-    EXPECT_EQ(answers.next("anything", any).kind, Answer::Kind::Esc);  // <esc> is always taken
-    EXPECT_EQ(answers.next("anything", any).kind, Answer::Kind::Esc);
-    EXPECT_EQ(answers.nextPanelAnswer("Define a Grid").action, PanelAnswer::Action::Cancel);
+    EXPECT_EQ(ended.next("anything", any).kind, Answer::Kind::Esc);  // <esc> is always taken
+    EXPECT_EQ(ended.next("anything", any).kind, Answer::Kind::Esc);
+    EXPECT_EQ(ended.nextPanelAnswer("Define a Grid").action, PanelAnswer::Action::Cancel);
 }
 
 TEST(Answers, TerminalAsksAgainAfterAWrongAnswer)

@@ -27,16 +27,12 @@ protected:
         entry = add("Entries", box(20, 0, 30, 0, false));
         hidden = add("Hidden", box(0, 0, 5, 5, true));
         frozen = add("Frozen", box(0, 0, 5, 5, true));
-        Entity point;
-        point.common.layer = "Entries";
-        point.shape = PointEntity{{50, 50, 0}};
+        Entity point{{}, PointEntity{{50, 50, 0}}};
         setXData(point.common, {ResultItem::ofText(1001, "RFRI_QRL_TOVAX_APPLICATION"), ResultItem::ofText(1000, "x")});
-        survey = append(point);
-        Entity invisibleLine;
-        invisibleLine.common.layer = "Pillars";
+        survey = add("Entries", point);
+        Entity invisibleLine{{}, Line{{1, 1, 0}, {2, 2, 0}}};
         invisibleLine.common.visible = false;
-        invisibleLine.shape = Line{{1, 1, 0}, {2, 2, 0}};
-        invisible = append(invisibleLine);
+        invisible = add("Pillars", invisibleLine);
     }
 
     static LwPolyline box(double x0, double y0, double x1, double y1, bool closed)
@@ -48,16 +44,11 @@ protected:
         return pl;
     }
 
-    ObjectId add(const std::string& layer, LwPolyline shape)
-    {
-        Entity e;
-        e.common.layer = layer;
-        e.shape = std::move(shape);
-        return append(e);
-    }
+    ObjectId add(const std::string& layer, LwPolyline shape) { return add(layer, Entity{{}, std::move(shape)}); }
 
-    ObjectId append(const Entity& e)
+    ObjectId add(const std::string& layer, Entity e)
     {
+        e.common.layer = layer;
         ObjectId id;
         EXPECT_EQ(db.appendToModelSpace(e, id), eOk);
         return id;
@@ -72,14 +63,10 @@ protected:
     ObjectId pillar, entry, hidden, frozen, survey, invisible;
 };
 
-TEST_F(SelectTest, AllSeesEveryEntityWhateverItsVisibility)
+TEST_F(SelectTest, AllSeesEveryEntityCrossingOnlyVisibleOnes)
 {
     EXPECT_EQ(select(SelectMode::All, {}).size(), 6u);
     EXPECT_EQ(select(SelectMode::All, {}, {ResultItem::ofText(8, "Hidden,FROZEN")}), (std::vector<ObjectId>{hidden, frozen}));
-}
-
-TEST_F(SelectTest, CrossingModesSeeOnlyVisibleObjects)
-{
     EXPECT_EQ(select(SelectMode::Crossing, {{-1, -1}, {3, 3}}), std::vector<ObjectId>{pillar});
     EXPECT_EQ(select(SelectMode::CrossingPolygon, {{-1, -1}, {3, -1}, {3, 3}}), std::vector<ObjectId>{pillar});
 }
@@ -114,8 +101,14 @@ TEST_F(SelectTest, FiltersOnTypeLayerAndApplication)
     EXPECT_TRUE(select(SelectMode::All, {}, {ResultItem::ofReal(40, 1.0)}).empty());  // unknown code
 }
 
-TEST_F(SelectTest, IndexFollowsMovesAndErasures)
+TEST_F(SelectTest, PicksComeNearestFirstIndexFollowsMovesAndErasures)
 {
+    ObjectId near = add("Entries", box(0, 10.5, 10, 10.5, false));
+    EXPECT_EQ(db.entitiesNear({5, 10.4}, 0.5), (std::vector<ObjectId>{near, pillar}));
+    EXPECT_EQ(db.entitiesNear({5, 9.8}, 0.3), std::vector<ObjectId>{pillar});
+    EXPECT_TRUE(db.entitiesNear({5, 5}, 1.0).empty());
+    EXPECT_EQ(db.entitiesNear({50.1, 50}, 0.2), std::vector<ObjectId>{survey});
+    // The index follows moves and erasures.
     Entity e;
     db.readEntity(pillar, e);
     e.shape = box(100, 100, 110, 110, true);
@@ -126,15 +119,6 @@ TEST_F(SelectTest, IndexFollowsMovesAndErasures)
     EXPECT_TRUE(select(SelectMode::Window, {{99, 99}, {111, 111}}).empty());
 }
 
-TEST_F(SelectTest, PicksComeNearestFirstWithinTheAperture)
-{
-    ObjectId near = add("Entries", box(0, 10.5, 10, 10.5, false));
-    EXPECT_EQ(db.entitiesNear({5, 10.4}, 0.5), (std::vector<ObjectId>{near, pillar}));
-    EXPECT_EQ(db.entitiesNear({5, 9.8}, 0.3), std::vector<ObjectId>{pillar});
-    EXPECT_TRUE(db.entitiesNear({5, 5}, 1.0).empty());
-    EXPECT_EQ(db.entitiesNear({50.1, 50}, 0.2), std::vector<ObjectId>{survey});
-}
-
 TEST_F(SelectTest, AreaKindsAreFoundByTheirOutlines)
 {
     Hatch hatch;
@@ -143,16 +127,10 @@ TEST_F(SelectTest, AreaKindsAreFoundByTheirOutlines)
     region.faces = {{{{120, 0}, {130, 0}, {130, 10}, {120, 10}}, {}}};
     Solid solid;
     solid.corners[0] = {140, 0, 0}, solid.corners[1] = {150, 0, 0}, solid.corners[2] = {140, 10, 0}, solid.corners[3] = {150, 10, 0};
-    Entity e;
-    e.common.layer = "Pillars";
-    e.shape = hatch;
-    ObjectId hatchId = append(e);
-    e.shape = region;
-    ObjectId regionId = append(e);
-    e.shape = solid;
-    ObjectId solidId = append(e);
-    e.shape = Text{{160, 0, 0}, 2.0, 0.0, "P1"};
-    ObjectId textId = append(e);
+    ObjectId hatchId = add("Pillars", Entity{{}, hatch});
+    ObjectId regionId = add("Pillars", Entity{{}, region});
+    ObjectId solidId = add("Pillars", Entity{{}, solid});
+    ObjectId textId = add("Pillars", Entity{{}, Text{{160, 0, 0}, 2.0, 0.0, "P1"}});
     EXPECT_EQ(select(SelectMode::Window, {{99, -1}, {170, 11}}), (std::vector<ObjectId>{hatchId, regionId, solidId, textId}));
     // A fence-like crossing line through the right halves.
     EXPECT_EQ(select(SelectMode::CrossingPolygon, {{108, 1}, {161, 1}, {161, 1.5}}), (std::vector<ObjectId>{hatchId, regionId, solidId, textId}));
@@ -183,11 +161,7 @@ TEST(SelectIndex, AgreesWithAPlainScan)
     std::vector<std::array<double, 4>> boxes;
     for (int k = 0; k < 2000; ++k) {
         double x = at(random), y = at(random), w = size(random), h = size(random);
-        Entity e;
-        LwPolyline pl;
-        pl.vertices = {{{x, y}}, {{x + w, y}}, {{x + w, y + h}}, {{x, y + h}}};
-        pl.closed = true;
-        e.shape = pl;
+        Entity e{{}, LwPolyline{{{{x, y}}, {{x + w, y}}, {{x + w, y + h}}, {{x, y + h}}}, true, 0.0, 0.0}};
         ObjectId id;
         db.appendToModelSpace(e, id);
         ids.push_back(id);

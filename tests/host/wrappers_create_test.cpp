@@ -22,10 +22,7 @@ TEST_F(CreateWrappers, PolylinesAndHatchesNeedEnoughPoints)
     const auto& loop = hatch.as<Hatch>()->loops.at(0);
     EXPECT_EQ(loop.points.size(), 4u);  // closed by repeating the first point
     EXPECT_EQ(hatch.as<Hatch>()->patternName, "SOLID");
-}
-
-TEST_F(CreateWrappers, SolidCornersRunInAZAndFacesRepeatTheThird)
-{
+    // Solid corners run in a Z; a face repeats its third corner.
     ObjectId solidId, faceId;
     run([&] {
         addSolid(solidId, {{0, 0, 0}, {1, 0, 0}, {1, 1, 0}, {0, 1, 0}}, 2, "");
@@ -59,10 +56,7 @@ TEST_F(CreateWrappers, GroupsGetNumberedNamesAndStylesAreMadeOnce)
     ASSERT_EQ(style.elements.size(), 2u);
     EXPECT_EQ(style.elements[1].offset, -0.5);
     EXPECT_EQ(style.elements[0].linetype, "Continuous");
-}
-
-TEST_F(CreateWrappers, AssociativeHatchIsKnownToItsBoundary)
-{
+    // An associative hatch is known to its boundary.
     ObjectId boundary = addSquare("A", 0, 0);
     ObjectId hatchId;
     run([&] { EXPECT_EQ(addHatchFromLoop(hatchId, boundary), eOk); });
@@ -83,10 +77,6 @@ TEST_F(CreateWrappers, TemporaryVectorsLastUntilRedraw)
     EXPECT_EQ(editor().tempVectors()[0].highlight, 1);
     run([&] { redrawAndFlush(); });
     EXPECT_TRUE(editor().tempVectors().empty());
-}
-
-TEST_F(CreateWrappers, ViewRectangleAndPixels)
-{
     run([&] {
         acedZoomWindow({0, 0, 0}, {100, 75, 0});
         Point3d lower, upper, center;
@@ -149,20 +139,8 @@ TEST(SmallHelpers, SplitFieldsSqueezesBlanks)
     EXPECT_EQ(fields, (std::vector<std::string>{"1.5", "2.5", "3"}));
     EXPECT_EQ(splitFields("a,,b", fields, ','), 3);
     EXPECT_EQ(joinSelectedItems({"A", "B", "C"}, {true, false, true}, ","), "A,C");
-}
-
-TEST(SmallHelpers, UnitNames)
-{
     EXPECT_STREQ(unitName(2, 1), "ft.");
-    EXPECT_STREQ(unitName(4, 1), "m");
-    EXPECT_STREQ(unitName(1, 1), "in.");
-    EXPECT_STREQ(unitName(3, 0), "Pa");
     EXPECT_STREQ(unitName(4, 2), "MPa");
-    EXPECT_STREQ(unitName(2, 2), "psi");
-}
-
-TEST(SmallHelpers, ResultBufferTexts)
-{
     ResultBuffer chain{ResultItem::ofText(8, "Layer"), ResultItem::ofReal(40, 2.5), ResultItem::ofInt(70, 3),
                        ResultItem::ofInt(90, 12), ResultItem::ofPoint(10, {1, 2, 3}), ResultItem::ofInt(330, 255),
                        ResultItem::ofReal(RTREAL, 1.0), ResultItem::ofInt(1071, 7)};

@@ -9,23 +9,16 @@ namespace {
 
 class SelectionWrappers : public ScriptedHost {};
 
-TEST_F(SelectionWrappers, EmptyLayerStringSelectsAndPrintsNothing)
+TEST_F(SelectionWrappers, TwoPointsCrossThePrintedWindowAnEmptyLayerStringNothing)
 {
     addSquare("Pillars", 0, 0);
     SelectionSet set;
-    long count = -1;
-    run([&] { count = selectByLayer(set, "", {{0, 0}, {5, 5}}, ""); });
-    EXPECT_EQ(count, 0);
+    run([&] { EXPECT_EQ(selectByLayer(set, "", {{0, 0}, {5, 5}}, ""), 0); });
     EXPECT_TRUE(set.ids.empty());
     EXPECT_EQ(transcript(), "");
-}
-
-TEST_F(SelectionWrappers, TwoPointsCrossThePrintedWindow)
-{
-    addSquare("Pillars", 0, 0);
+    // Two points cross the printed window.
     addSquare("Pillars", 100, 100);
     addSquare("Gob", 5, 5);
-    SelectionSet set;
     long count = 0;
     run([&] { count = selectByLayer(set, "Pillars", {{5, 5}, {20, 20}}, kPolylineTypes); });
     EXPECT_EQ(count, 1);
@@ -35,12 +28,8 @@ TEST_F(SelectionWrappers, TwoPointsCrossThePrintedWindow)
 TEST_F(SelectionWrappers, PolygonPointsAfterTheFirstArePrintedTwice)
 {
     addSquare("Pillars", 0, 0);
-    long count = 0;
-    run([&] {
-        SelectionSet set;
-        count = selectByLayer(set, "Pillars", {{-1, -1}, {5, -1}, {5, 5}}, "");
-    });
-    EXPECT_EQ(count, 1);
+    SelectionSet set;
+    EXPECT_EQ(run([&] { EXPECT_EQ(selectByLayer(set, "Pillars", {{-1, -1}, {5, -1}, {5, 5}}, ""), 1); }), 0);
     EXPECT_EQ(transcript(),
               "\nPoint No 0, X = -1.000000, Y = -1.000000\nPoint No 1, X = 5.000000, Y = -1.000000"
               "\nPoint No 2, X = 5.000000, Y = 5.000000\nPoint No 1, X = 5.000000, Y = -1.000000"
@@ -90,10 +79,7 @@ TEST_F(SelectionWrappers, ClearLayerObjectsTakesEveryKind)
         EXPECT_EQ(selectIdsByLayer(ids, "Work", ""), 0);
     });
     EXPECT_TRUE(database().isErased(point));
-}
-
-TEST_F(SelectionWrappers, SetsAndIdsCopyExactly)
-{
+    // Sets and ids copy without nulls or repeats.
     ObjectId a = addSquare("A", 0, 0);
     SelectionSet set;
     idsToSelection({a, ObjectId{}, a}, set);
