@@ -3,7 +3,7 @@
 #include <cstdio>
 #include <unistd.h>
 
-#include "shell/textnum.h"
+#include "base/textnum.h"
 
 namespace vorn::app {
 

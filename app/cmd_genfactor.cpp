@@ -7,8 +7,8 @@
 #include "app/commands.h"
 #include "grid/grid.h"
 #include "index/factor.h"
-#include "shell/report.h"
-#include "shell/textnum.h"
+#include "base/report.h"
+#include "base/textnum.h"
 
 namespace vorn::app {
 namespace {

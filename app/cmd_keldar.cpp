@@ -11,9 +11,9 @@
 
 #include "app/cli_util.h"
 #include "app/commands.h"
-#include "shell/report.h"
-#include "shell/textnum.h"
-#include "shell/userbreak.h"
+#include "base/report.h"
+#include "base/textnum.h"
+#include "base/userbreak.h"
 #include "stressmodel/modeldat.h"
 
 namespace vorn::app {

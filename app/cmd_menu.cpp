@@ -6,8 +6,8 @@
 
 #include "app/commands.h"
 #include "host/menu_bar.h"
-#include "shell/menu.h"
-#include "shell/vornapp.h"
+#include "commands/menu.h"
+#include "commands/vornapp.h"
 
 namespace vorn::app {
 namespace {

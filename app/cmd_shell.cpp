@@ -9,7 +9,7 @@
 #include "app/commands.h"
 #include "host/docs_session.h"
 #include "host/host_text.h"
-#include "shell/textnum.h"
+#include "base/textnum.h"
 
 namespace vorn::app {
 namespace {

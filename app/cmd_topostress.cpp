@@ -12,8 +12,8 @@
 
 #include "app/cli_util.h"
 #include "app/commands.h"
-#include "shell/report.h"
-#include "shell/userbreak.h"
+#include "base/report.h"
+#include "base/userbreak.h"
 #include "stressmodel/topo_stress.h"
 
 namespace vorn::app {

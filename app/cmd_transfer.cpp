@@ -5,8 +5,8 @@
 #include <string>
 
 #include "app/commands.h"
-#include "shell/report.h"
-#include "shell/textnum.h"
+#include "base/report.h"
+#include "base/textnum.h"
 #include "stressmodel/transfer.h"
 
 namespace vorn::app {

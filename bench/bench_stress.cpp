@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "shell/report.h"
+#include "base/report.h"
 #include "stressmodel/modeldat.h"
 #include "stressmodel/sor.h"
 #include "tests/stressmodel/plain_kernels.h"

@@ -3,7 +3,7 @@
 #include <utility>
 
 #include "drawing/platform.h"
-#include "shell/textnum.h"
+#include "base/textnum.h"
 
 using vorn::Entity;
 using vorn::ErrorStatus;

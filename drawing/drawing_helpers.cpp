@@ -6,7 +6,7 @@
 #include "drawing/entity_geometry.h"
 #include "drawing/platform.h"
 #include "drawing/tempgraphics.h"
-#include "shell/textnum.h"
+#include "base/textnum.h"
 
 using vorn::ObjectId;
 

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "shell/textnum.h"
+#include "base/textnum.h"
 
 namespace vorn {
 

@@ -5,7 +5,7 @@
 #include "drawing/database_port.h"
 #include "drawing/editor_port.h"
 #include "drawing/platform.h"
-#include "shell/report.h"
+#include "base/report.h"
 
 using vorn::ErrorStatus;
 using vorn::LayerRecord;

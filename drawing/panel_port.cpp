@@ -1,7 +1,7 @@
 #include "drawing/panel_port.h"
 
 #include "drawing/platform.h"
-#include "shell/report.h"
+#include "base/report.h"
 
 namespace vorn {
 

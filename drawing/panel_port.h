@@ -12,7 +12,7 @@
 #include <string>
 #include <vector>
 
-#include "shell/report.h"
+#include "base/report.h"
 
 namespace vorn {
 

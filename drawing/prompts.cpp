@@ -6,8 +6,8 @@
 #include "drawing/platform.h"
 #include "drawing/sysvars.h"
 #include "drawing/ui_port.h"
-#include "shell/report.h"
-#include "shell/textnum.h"
+#include "base/report.h"
+#include "base/textnum.h"
 
 int askYesNo(const std::string& message, int defaultAnswer)
 {

@@ -4,7 +4,7 @@
 #include <unordered_set>
 
 #include "drawing/layers.h"
-#include "shell/report.h"
+#include "base/report.h"
 
 using vorn::ObjectId;
 using vorn::SelectionSet;

@@ -2,7 +2,7 @@
 
 #include "drawing/database_port.h"
 #include "drawing/platform.h"
-#include "shell/report.h"
+#include "base/report.h"
 
 using vorn::ObjectId;
 using vorn::ObjectKind;

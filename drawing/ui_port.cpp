@@ -3,7 +3,7 @@
 #include <string>
 
 #include "drawing/platform.h"
-#include "shell/textnum.h"
+#include "base/textnum.h"
 
 namespace {
 vorn::UiPort* ui() { return vorn::platform().ui; }

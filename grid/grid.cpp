@@ -4,8 +4,8 @@
 #include <new>
 #include <stdexcept>
 
-#include "shell/report.h"
-#include "shell/textnum.h"
+#include "base/report.h"
+#include "base/textnum.h"
 
 using vorn::Point2;
 using vorn::Point3;

@@ -5,9 +5,9 @@
 #include <cstdio>
 
 #include "grid/grid.h"
-#include "shell/report.h"
-#include "shell/textfile.h"
-#include "shell/textnum.h"
+#include "base/report.h"
+#include "base/textfile.h"
+#include "base/textnum.h"
 
 namespace {
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "host/geometry_curves.h"
-#include "shell/textnum.h"
+#include "base/textnum.h"
 
 namespace vorn::host {
 

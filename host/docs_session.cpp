@@ -4,11 +4,11 @@
 #include <filesystem>
 
 #include "host/dxf_codec.h"
-#include "shell/cmdstack.h"
-#include "shell/commands.h"
-#include "shell/menu.h"
-#include "shell/report.h"
-#include "shell/vornapp.h"
+#include "commands/cmdstack.h"
+#include "commands/commands.h"
+#include "commands/menu.h"
+#include "base/report.h"
+#include "commands/vornapp.h"
 
 namespace vorn {
 

@@ -4,7 +4,7 @@
 #include <cstdlib>
 #include <fstream>
 
-#include "shell/textnum.h"
+#include "base/textnum.h"
 
 namespace vorn::host {
 

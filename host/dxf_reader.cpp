@@ -8,7 +8,7 @@
 
 #include "host/dxf_codec.h"
 #include "host/dxf_groups.h"
-#include "shell/textnum.h"
+#include "base/textnum.h"
 
 namespace vorn::host {
 

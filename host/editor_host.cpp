@@ -7,8 +7,8 @@
 #include "drawing/create.h"
 #include "host/editor_units.h"
 #include "host/select_filter.h"
-#include "shell/textnum.h"
-#include "shell/userbreak.h"
+#include "base/textnum.h"
+#include "base/userbreak.h"
 
 namespace vorn {
 

@@ -5,7 +5,7 @@
 #include <cstdlib>
 #include <numbers>
 
-#include "shell/textnum.h"
+#include "base/textnum.h"
 
 namespace vorn {
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "drawing/editor_port.h"
-#include "shell/textnum.h"
+#include "base/textnum.h"
 
 namespace vorn {
 

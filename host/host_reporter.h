@@ -9,7 +9,7 @@
 
 #include "host/script_answers.h"
 #include "host/transcript.h"
-#include "shell/report.h"
+#include "base/report.h"
 
 namespace vorn {
 

@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "shell/menu.h"
+#include "commands/menu.h"
 
 namespace vorn {
 

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "shell/report.h"
-#include "shell/textnum.h"
+#include "base/report.h"
+#include "base/textnum.h"
 
 namespace vorn {
 

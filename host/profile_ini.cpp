@@ -5,7 +5,7 @@
 #include <fstream>
 
 #include "host/host_text.h"
-#include "shell/textnum.h"
+#include "base/textnum.h"
 
 namespace vorn {
 

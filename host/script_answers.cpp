@@ -4,10 +4,10 @@
 #include <cstdlib>
 #include <cstring>
 
-#include "shell/report.h"
-#include "shell/textfile.h"
+#include "base/report.h"
+#include "base/textfile.h"
 #include "host/host_text.h"
-#include "shell/textnum.h"
+#include "base/textnum.h"
 
 namespace vorn {
 

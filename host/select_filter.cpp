@@ -2,7 +2,7 @@
 
 #include <cctype>
 
-#include "shell/textnum.h"
+#include "base/textnum.h"
 
 namespace vorn::host {
 

@@ -2,7 +2,7 @@
 
 #include <unistd.h>
 
-#include "shell/userbreak.h"
+#include "base/userbreak.h"
 
 namespace vorn {
 

@@ -2,7 +2,7 @@
 
 #include <filesystem>
 
-#include "shell/textnum.h"
+#include "base/textnum.h"
 
 namespace vorn {
 

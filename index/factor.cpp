@@ -1,8 +1,8 @@
 #include "index/factor.h"
 
 #include "grid/grid.h"
-#include "shell/report.h"
-#include "shell/textnum.h"
+#include "base/report.h"
+#include "base/textnum.h"
 
 namespace {
 

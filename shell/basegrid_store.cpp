@@ -5,7 +5,7 @@
 
 #include "drawing/ui_port.h"
 #include "drawing/stringlist.h"
-#include "shell/commands.h"
+#include "shell/gridframe.h"
 
 void storeBaseGrid(const CDocData& data)
 {

@@ -2,8 +2,8 @@
 
 #include "drawing/editor_port.h"
 #include "grid/grid.h"
-#include "shell/report.h"
-#include "shell/textnum.h"
+#include "base/report.h"
+#include "base/textnum.h"
 
 using vorn::formatString;
 

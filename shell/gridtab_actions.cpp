@@ -5,8 +5,8 @@
 #include "drawing/prompts.h"
 #include "grid/grid.h"
 #include "shell/gridtab.h"
-#include "shell/report.h"
-#include "shell/textnum.h"
+#include "base/report.h"
+#include "base/textnum.h"
 
 using vorn::formatString;
 

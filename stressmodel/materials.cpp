@@ -4,7 +4,7 @@
 #include <cstdlib>
 #include <string>
 
-#include "shell/report.h"
+#include "base/report.h"
 
 namespace vorn {
 

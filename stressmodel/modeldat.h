@@ -17,8 +17,8 @@
 #include <memory>
 #include <string>
 
-#include "shell/progress.h"
-#include "shell/textfile.h"
+#include "base/progress.h"
+#include "base/textfile.h"
 #include "stressmodel/arrays.h"
 #include "stressmodel/kernels.h"
 #include "stressmodel/materials.h"

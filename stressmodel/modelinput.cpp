@@ -5,8 +5,8 @@
 #include <cstdlib>
 #include <memory>
 
-#include "shell/report.h"
-#include "shell/textnum.h"
+#include "base/report.h"
+#include "base/textnum.h"
 #include "stressmodel/modeldat.h"
 
 using vorn::formatString;

@@ -4,8 +4,8 @@
 #include <cmath>
 #include <ctime>
 
-#include "shell/report.h"
-#include "shell/textnum.h"
+#include "base/report.h"
+#include "base/textnum.h"
 #include "stressmodel/modeldat.h"
 #include "stressmodel/sor.h"
 

@@ -1,8 +1,8 @@
 // The topographic stage: the relief above a datum loads a laminated plate,
 // whose convergence is spread as stress onto every seam and replaces the
 // flat overburden stress for the whole run.
-#include "shell/report.h"
-#include "shell/textnum.h"
+#include "base/report.h"
+#include "base/textnum.h"
 #include "stressmodel/modeldat.h"
 
 using vorn::formatString;

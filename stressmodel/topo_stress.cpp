@@ -2,9 +2,9 @@
 
 #include <filesystem>
 
-#include "shell/report.h"
-#include "shell/textfile.h"
-#include "shell/textnum.h"
+#include "base/report.h"
+#include "base/textfile.h"
+#include "base/textnum.h"
 #include "stressmodel/topomodel.h"
 
 namespace {

@@ -4,9 +4,9 @@
 #include <cstdio>
 #include <cstring>
 
-#include "shell/report.h"
-#include "shell/textfile.h"
-#include "shell/textnum.h"
+#include "base/report.h"
+#include "base/textfile.h"
+#include "base/textnum.h"
 #include "stressmodel/kernels.h"
 #include "stressmodel/modeldat.h"
 

@@ -19,7 +19,7 @@
 #include <memory>
 #include <string>
 
-#include "shell/progress.h"
+#include "base/progress.h"
 #include "stressmodel/arrays.h"
 
 namespace vorn {

@@ -3,7 +3,7 @@
 #include "grid/grid.h"
 #include "grid/gridfiles.h"
 #include "grid_test_util.h"
-#include "shell/report.h"
+#include "base/report.h"
 
 using gridtest::slurp;
 using gridtest::spit;

@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "grid/grid.h"
-#include "shell/report.h"
+#include "base/report.h"
 
 using vorn::Point2;
 using vorn::Point3;

@@ -8,7 +8,7 @@
 #include "drawing/sysvars.h"
 #include "drawing/ui_port.h"
 #include "host/profile_ini.h"
-#include "shell/userbreak.h"
+#include "base/userbreak.h"
 #include "wrappers_fixture.h"
 
 namespace vorn {

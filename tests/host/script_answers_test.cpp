@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "shell/report.h"
+#include "base/report.h"
 
 namespace vorn {
 namespace {

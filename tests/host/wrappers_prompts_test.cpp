@@ -6,7 +6,7 @@
 #include "drawing/layers.h"
 #include "drawing/prompts.h"
 #include "drawing/sysvars.h"
-#include "shell/report.h"
+#include "base/report.h"
 #include "wrappers_fixture.h"
 
 namespace vorn {

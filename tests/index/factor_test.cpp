@@ -6,7 +6,7 @@
 
 #include "grid/grid.h"
 #include "index/factor.h"
-#include "shell/report.h"
+#include "base/report.h"
 
 namespace {
 FactorConversion settings(int function, int tendency, double lower = 10.0, double upper = 20.0)

@@ -14,8 +14,8 @@
 #include <string>
 #include <vector>
 
-#include "shell/report.h"
-#include "shell/textnum.h"
+#include "base/report.h"
+#include "base/textnum.h"
 
 namespace vorn::testing {
 

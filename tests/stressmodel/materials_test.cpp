@@ -4,7 +4,7 @@
 
 #include <cmath>
 
-#include "shell/report.h"
+#include "base/report.h"
 #include "stressmodel/materials.h"
 #include "stressmodel/modeldat.h"
 

@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <regex>
 
-#include "shell/userbreak.h"
+#include "base/userbreak.h"
 #include "stressmodel/modeldat.h"
 #include "tests/stressmodel/fixture.h"
 

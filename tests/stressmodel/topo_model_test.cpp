@@ -4,9 +4,9 @@
 #include <string>
 #include <vector>
 
-#include "shell/textfile.h"
-#include "shell/textnum.h"
-#include "shell/userbreak.h"
+#include "base/textfile.h"
+#include "base/textnum.h"
+#include "base/userbreak.h"
 #include "stressmodel/topomodel.h"
 #include "tests/stressmodel/fixture.h"
 

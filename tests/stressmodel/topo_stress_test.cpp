@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "grid/grid.h"
-#include "shell/textnum.h"
+#include "base/textnum.h"
 #include "stressmodel/topo_stress.h"
 #include "tests/stressmodel/fixture.h"
 

@@ -1,6 +1,6 @@
-#include "shell/vornapp.h"
+#include "commands/vornapp.h"
 
-#include "shell/menu.h"
+#include "commands/menu.h"
 
 AcRx::AppRetCode AcRxDbxApp::dispatch(AcRx::AppMsgCode message, void* appToken)
 {

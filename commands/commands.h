@@ -35,12 +35,7 @@ void vorn_RFRI_List();
 void vorn_RFRI_Label();
 void vorn_RFRI_Mapping();
 
-// Writes the base grid of a record to the xrecord `VornBaseGrid` of the
-// drawing's dictionary and to the profile section "Settings".
-void storeBaseGrid(const CDocData& data);
 
-// The dialog template id of the page "Grid Dimension".
-inline constexpr unsigned IDD_GRIDTAB = 129;
 
 namespace vorn {
 // True once since the last call when a command said that part of it is not

@@ -5,7 +5,7 @@
 #include <fstream>
 #include <sstream>
 
-#include "shell/textfile.h"
+#include "base/textfile.h"
 
 namespace {
 std::string tempPath(const char* name) { return (std::filesystem::temp_directory_path() / name).string(); }

@@ -1,10 +1,10 @@
-#include "shell/progress.h"
+#include "base/progress.h"
 
 #include <cstdio>
 #include <unistd.h>
 
-#include "shell/textnum.h"
-#include "shell/userbreak.h"
+#include "base/textnum.h"
+#include "base/userbreak.h"
 
 namespace {
 constexpr auto kRedrawInterval = std::chrono::milliseconds(100);

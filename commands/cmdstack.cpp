@@ -1,8 +1,8 @@
-#include "shell/cmdstack.h"
+#include "commands/cmdstack.h"
 
 #include <algorithm>
 
-#include "shell/textnum.h"
+#include "base/textnum.h"
 
 bool AcEdCommandStack::addCommand(const std::string& group, const std::string& globalName,
                                   const std::string& localName, std::int32_t flags, AcRxFunctionPtr handler,

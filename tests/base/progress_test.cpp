@@ -4,8 +4,8 @@
 
 #include <csignal>
 
-#include "shell/progress.h"
-#include "shell/userbreak.h"
+#include "base/progress.h"
+#include "base/userbreak.h"
 
 namespace {
 

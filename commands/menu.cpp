@@ -1,4 +1,4 @@
-#include "shell/menu.h"
+#include "commands/menu.h"
 
 #include <algorithm>
 

@@ -1,8 +1,8 @@
-#include "shell/report.h"
+#include "base/report.h"
 
 #include <cstdio>
 
-#include "shell/textnum.h"
+#include "base/textnum.h"
 
 namespace vorn {
 

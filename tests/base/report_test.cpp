@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "shell/report.h"
+#include "base/report.h"
 
 TEST(Report, BoxesGoThroughTheInstalledReporterWithDefaults)
 {

@@ -5,7 +5,7 @@
 
 #include <cstdint>
 
-#include "shell/cmdstack.h"
+#include "commands/cmdstack.h"
 
 namespace AcRx {
 enum AppMsgCode {

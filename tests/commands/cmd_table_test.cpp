@@ -2,8 +2,8 @@
 
 #include <string>
 
-#include "shell/cmdstack.h"
-#include "shell/vornapp.h"
+#include "commands/cmdstack.h"
+#include "commands/vornapp.h"
 
 namespace {
 

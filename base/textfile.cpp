@@ -1,10 +1,10 @@
-#include "shell/textfile.h"
+#include "base/textfile.h"
 
 #include <cerrno>
 #include <cstdarg>
 #include <cstring>
 
-#include "shell/textnum.h"
+#include "base/textnum.h"
 
 namespace vorn {
 

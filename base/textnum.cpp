@@ -1,4 +1,4 @@
-#include "shell/textnum.h"
+#include "base/textnum.h"
 
 #include <cctype>
 #include <charconv>

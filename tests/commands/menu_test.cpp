@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 
 #include "host/menu_bar.h"
-#include "shell/menu.h"
-#include "shell/vornapp.h"
+#include "commands/menu.h"
+#include "commands/vornapp.h"
 
 namespace {
 

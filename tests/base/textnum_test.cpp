@@ -4,7 +4,7 @@
 #include <limits>
 #include <random>
 
-#include "shell/textnum.h"
+#include "base/textnum.h"
 
 TEST(Wtof, ReadsLikeThePlatform)
 {

@@ -1,4 +1,4 @@
-#include "shell/userbreak.h"
+#include "base/userbreak.h"
 
 #include <atomic>
 #include <csignal>
