@@ -138,9 +138,11 @@ TEST(CheckOverlaps, HullsOverlapConcaveBaysCountTouchingDoesNot)
     drawing.add(square(200, 0, 10));
     drawing.add(square(205, 5, 10));  // overlaps the one before
     drawing.add(square(300, 0, 10, false));  // open: not checked
+    drawing.add(lw({{400, 0}}, true));                      // one vertex
+    drawing.add(lw({{400, 0}, {410, 10}, {410, 0}, {400, 10}}, true));  // a bow tie around it
     Outcome out = drawing.run("vorn_checkOverlaps", "select all\n<enter>\n<enter>\n");
     EXPECT_TRUE(out.shows("\nThis command check all selected objects and find overlaped close polylines."));
-    EXPECT_TRUE(out.shows("\n 6 objects (Total 7) are closed polylines and will being cross checked!\n <Enter> to continue ..."));
+    EXPECT_TRUE(out.shows("\n 8 objects (Total 9) are closed polylines and will being cross checked!\n <Enter> to continue ..."));
     EXPECT_TRUE(out.shows("\n Processing polylines, please waiting..."));
     EXPECT_TRUE(out.shows("\n4 polylines may overlapped!")) << out.transcript;
     EXPECT_TRUE(out.highlighted.empty());
@@ -187,7 +189,14 @@ TEST(CheckDuplicates, FindsReversedCopiesAndMovesOrDeletesThem)
     PolylineDrawing none;
     none.add(square(0, 0, 10));
     none.add(square(5, 0, 10));  // overlaps but is no duplicate
-    EXPECT_TRUE(none.run("vorn_checkDuplicates", "select all\n").shows("\nNo polylines are duplicated!"));
+    // Bad outlines: one vertex, a zero-length edge, a self-crossing bow tie twice.
+    none.add(lw({{50, 50}}, true));
+    none.add(lw({{60, 60}, {60, 60}, {70, 60}, {70, 70}}, true));
+    none.add(lw({{80, 0}, {90, 10}, {90, 0}, {80, 10}}, true));
+    none.add(lw({{80, 0}, {90, 10}, {90, 0}, {80, 10}}, true));
+    Outcome out = none.run("vorn_checkDuplicates", "select all\n");
+    EXPECT_TRUE(out.shows("\nNo polylines are duplicated!")) << out.transcript;
+    EXPECT_EQ(out.count(), 6u);
 }
 
 TEST(CheckContours, ValueLooksAtTheFirstVertexIntersectionAtDifferentElevations)
