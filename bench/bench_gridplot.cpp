@@ -11,7 +11,14 @@
 #include <filesystem>
 #include <memory>
 
+#include <map>
+#include <vector>
+
+#include "drawing/create.h"
+#include "drawing/platform.h"
+#include "drawing/region_union.h"
 #include "grid/grid.h"
+#include "grid/gridplot.h"
 #include "host/db_database.h"
 #include "host/dxf_codec.h"
 #include "host/session.h"
@@ -84,6 +91,53 @@ void BM_HatchedRegions(benchmark::State& state)
     state.counters["entities"] = static_cast<double>(entities);
 }
 BENCHMARK(BM_HatchedRegions)->Arg(1000)->Unit(benchmark::kMillisecond)->Iterations(3);
+
+// The column runs of each colour as regions, in a quiet session.
+std::map<int, std::vector<Entity>> runRegions(myGrid& grid, Session& session)
+{
+    std::map<int, std::vector<Entity>> byColor;
+    session.run([&] {
+        forEachColumnRun(grid, [&](const ColumnRun& run) {
+            Entity outline;
+            makePolylineFromPoints(outline, run.corners, true, 0.0, run.color);
+            std::vector<Entity> made;
+            platform().database->createRegionsFromCurves({outline}, made);
+            byColor[run.color].push_back(made.at(0));
+        }, [] { return true; });
+        return 0;
+    });
+    return byColor;
+}
+
+// Uniting each colour's runs one at a time against by halving.
+void BM_UniteRuns(benchmark::State& state)
+{
+    myGrid grid = smoothField(static_cast<int>(state.range(0)));
+    const bool halving = state.range(1) != 0;
+    Session session(std::make_unique<host::HostDatabase>());
+    SessionOptions options;
+    options.profilePath = "";
+    options.out = nullptr;
+    options.err = nullptr;
+    std::string error;
+    session.open(options, error);
+    const std::map<int, std::vector<Entity>> runs = runRegions(grid, session);
+    for (auto _ : state) {
+        std::map<int, std::vector<Entity>> work = runs;
+        session.run([&] {
+            for (auto& [color, regions] : work) {
+                if (halving) {
+                    uniteRegionsByHalving(regions);
+                } else {
+                    for (size_t k = 1; k < regions.size(); ++k)
+                        platform().database->booleanOper(regions[0], BoolOperType::Union, regions[k]);
+                }
+            }
+            return 0;
+        });
+    }
+}
+BENCHMARK(BM_UniteRuns)->Args({300, 0})->Args({300, 1})->Unit(benchmark::kMillisecond)->Iterations(1);
 
 }  // namespace
 
