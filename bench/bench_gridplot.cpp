@@ -137,7 +137,7 @@ void BM_UniteRuns(benchmark::State& state)
         });
     }
 }
-BENCHMARK(BM_UniteRuns)->Args({300, 0})->Args({300, 1})->Unit(benchmark::kMillisecond)->Iterations(1);
+BENCHMARK(BM_UniteRuns)->Args({300, 0})->Args({300, 1})->Args({1000, 0})->Args({1000, 1})->Unit(benchmark::kMillisecond)->Iterations(1);
 
 }  // namespace
 
