@@ -2,7 +2,7 @@
 
 #include "base/report.h"
 #include "index/factor.h"
-#include "commands/command_support.h"
+#include "index/dlg_indexmapping.h"
 #include "index/dlg_stability.h"
 #include "index/genfactor_pages.h"
 
@@ -24,4 +24,10 @@ void vorn_StabilityIndex()
     acDocManagerPtr()->popResourceHandle();
 }
 
-void vorn_indexMapping() { vorn::reportMissing("vorn_indexMapping", "the panel dlg_indexmapping"); }
+void vorn_indexMapping()
+{
+    acDocManagerPtr()->pushResourceHandle();
+    dlg_indexmapping panel;
+    panel.DoModal();
+    acDocManagerPtr()->popResourceHandle();
+}

@@ -123,7 +123,7 @@ void CGenFactFileTab::OnGridPreview()
     }
     grid.describe(false);
     hideMainDialog();
-    vorn::previewGridInDrawing(grid);
+    grid.plot();
     showMainDialog(true);
 }
 

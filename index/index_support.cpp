@@ -3,9 +3,7 @@
 #include <cstdint>
 #include <cstdlib>
 
-#include "base/report.h"
 #include "base/textnum.h"
-#include "grid/grid.h"
 
 namespace vorn {
 
@@ -24,7 +22,5 @@ long wtol32(const std::string& text)
     long long value = std::strtoll(text.c_str(), nullptr, 10);
     return static_cast<long>(static_cast<std::int32_t>(value));
 }
-
-void previewGridInDrawing(myGrid&) { consolePrintf("Preview plots are not available in this build.\n"); }
 
 }  // namespace vorn

@@ -1,10 +1,8 @@
 // Small helpers the stability panels share: text replacement as the
-// platform's strings do it, numbers in edit fields, and the grid preview.
+// platform's strings do it, numbers in edit fields, ids read from text.
 #pragma once
 
 #include <string>
-
-class myGrid;
 
 namespace vorn {
 
@@ -17,8 +15,5 @@ std::string doubleFieldText(double value);
 // The platform's `_wtol`: a leading integer, 0 when there is none; the
 // result is a 32-bit long.
 long wtol32(const std::string& text);
-
-// Draws the grid in the drawing for a look (the preview of a panel).
-void previewGridInDrawing(myGrid& grid);
 
 }  // namespace vorn

@@ -53,9 +53,10 @@ TEST_F(GenFactorPanel, LeavingTheFilePageNeedsAGridAndAnOutput)
 
 TEST_F(GenFactorPanel, LinearSpansMinToMaxAndRunsOnOk)
 {
-    std::string t = run(pickInput("depth.grd") + "ok\nchoose \"Functions\" Linear\nok\nbox ok\n");
+    std::string t = run(pickInput("depth.grd") + "ok\nchoose \"Functions\" Linear\nok\n<enter>\nbox ok\n");
     EXPECT_EQ(status, 0);
     EXPECT_TRUE(contains(t, fieldNote("Upper:", "33"))) << t;
+    EXPECT_TRUE(contains(t, "\n <Enter> key to continue ...")) << "the preview plot waits, then goes";
     EXPECT_TRUE(contains(t, "Index has been saved to grid file< " + path("depth_index.grd") + " >"));
     myGrid out = indextest::readGrid(path("depth_index.grd"));
     EXPECT_DOUBLE_EQ(out.getValue(3, 3), 100.0);
@@ -79,7 +80,7 @@ TEST_F(GenFactorPanel, AFlatGridWarnsRefusesLinearAndStepsToOneValue)
     std::string warned = run(pickInput("flat.grd") + "cancel\n");
     EXPECT_TRUE(contains(warned, "\r\nValue interval is very small!")) << warned;
     std::string t = run(pickInput("flat.grd") + "ok\nchoose \"Functions\" Linear\nok\nbox ok\n" +
-                        "choose \"Functions\" Step\nok\nbox ok\n");
+                        "choose \"Functions\" Step\ncheck \"Preview Final Grid\" off\nok\nbox ok\n");
     EXPECT_TRUE(contains(t, "Limit bound error: Upper limit has to greater than lower limit!"));
     myGrid out = indextest::readGrid(path("flat_index.grd"));
     EXPECT_DOUBLE_EQ(out.getValue(0, 0), 0.0);
@@ -88,7 +89,7 @@ TEST_F(GenFactorPanel, AFlatGridWarnsRefusesLinearAndStepsToOneValue)
 
 TEST_F(GenFactorPanel, NoFunctionCopiesTheGridUnderTheNewTitle)
 {
-    run(pickInput("depth.grd") + "set \"Description:\" Copy\nok\nok\nbox ok\n");
+    run(pickInput("depth.grd") + "set \"Description:\" Copy\nok\nok\n<enter>\nbox ok\n");
     myGrid out = indextest::readGrid(path("depth_index.grd"));
     EXPECT_DOUBLE_EQ(out.getValue(2, 3), 23.0);
     EXPECT_EQ(out.getTitle(), "Copy");
