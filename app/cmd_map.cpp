@@ -72,6 +72,7 @@ int mapIndex(const MapArgs& args)
     myGrid grid;
     if (!grid.readGrd(args.index, 1)) {
         AfxMessageBox("Read grid file error!");
+        explainReadFailure(args.index, "a grid file");
         return kExitFailure;
     }
     std::string error;

@@ -22,7 +22,7 @@ int stability(const StabilityArgs& args)
     ProjectReadStatus status = readProject(args.project, factors);
     if (status == ProjectReadStatus::Unopened) {
         AfxMessageBox("File could not be opened: ");
-        std::fprintf(stderr, "vornmark: %s: the project cannot be read\n", args.project.c_str());
+        explainReadFailure(args.project, "a project file");
         return kExitFailure;
     }
     if (status == ProjectReadStatus::Truncated) {
