@@ -75,11 +75,13 @@ void CGeoFeatureTab::OnPickDistance()
     showMainDialog(true);
 }
 
+// Draws the grid as the build does: polygons in colour, as a preview.
 void CGeoFeatureTab::OnDrawGrid()
 {
     if (!built) return;
     hideMainDialog();
-    vorn::previewCodes(grid_, 2);
+    grid_.setPlotOptions(0, 2, "", true, false);
+    vorn::plotGrid(grid_);
     showMainDialog(true);
 }
 

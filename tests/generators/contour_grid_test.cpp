@@ -50,7 +50,7 @@ bool sameBits(double a, double b) { return std::memcmp(&a, &b, sizeof a) == 0; }
 // Contours on a lattice of half cells, so that window edges meet vertices
 // and segments exactly; elevations repeat; some are 3-D, some closed, some
 // a single vertex.
-std::vector<ContourLine> randomContours(std::mt19937& random, int count, double dx, int span)
+std::vector<ContourLine> randomContours(std::mt19937& random, int count, double dx, int span, double offset)
 {
     std::uniform_int_distribution<int> coordinate(-4, 2 * span + 4);
     std::uniform_int_distribution<int> length(1, 7);
@@ -64,7 +64,7 @@ std::vector<ContourLine> randomContours(std::mt19937& random, int count, double 
         int k = kind(random);
         for (int v = 0; v < n; ++v) {
             double vz = k == 0 ? z + v * 3.5 : z;
-            line.push_back({coordinate(random) * dx * 0.5, coordinate(random) * dx * 0.5, vz});
+            line.push_back({offset + coordinate(random) * dx * 0.5, offset + coordinate(random) * dx * 0.5, vz});
         }
         if (k == 1 && n > 2) line.push_back(line.front());
         contours.push_back(line);
@@ -77,15 +77,17 @@ std::vector<ContourLine> randomContours(std::mt19937& random, int count, double 
 TEST(ContourGrid, IndexedSearchGivesThePlainValuesOnRandomLayouts)
 {
     std::mt19937 random(11);
-    for (int layout = 0; layout < 40; ++layout) {
+    for (int layout = 0; layout < 120; ++layout) {
         const double dx = layout % 3 == 0 ? 10.0 : 2.5;
         const int span = 12;
-        std::vector<ContourLine> contours = randomContours(random, 3 + layout % 9, dx, span);
+        // Far from the origin now and then, as in state plane coordinates.
+        const double offset = layout % 7 == 0 ? 1234567.0 : 0.0;
+        std::vector<ContourLine> contours = randomContours(random, 3 + layout % 9, dx, span, offset);
         const double limit = span * dx * (layout % 4 == 0 ? 0.3 : 1.0);
         ContourInterpolator fast(contours, dx, limit);
         for (int i = 0; i <= span; ++i)
             for (int j = 0; j <= span; ++j) {
-                Point3d p{(i + 0.5) * dx, (j + 0.5) * dx, layout % 5 == 0 ? 7.0 : 0.0};
+                Point3d p{offset + (i + 0.5) * dx, offset + (j + 0.5) * dx, layout % 5 == 0 ? 7.0 : 0.0};
                 int plainWindows = 0, fastWindows = 0;
                 vorn::ContourCellResult expected = plainContourValue(contours, p, dx, limit, &plainWindows);
                 vorn::ContourCellResult got = fast.valueAt(p, [&](const Point2d&, const Point2d&) { ++fastWindows; });

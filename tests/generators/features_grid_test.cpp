@@ -103,7 +103,7 @@ bool sameGrid(const myGrid& a, const myGrid& b)
 TEST(FeatureGrid, NearCellsGiveThePlainGridOnRandomLayouts)
 {
     std::mt19937 random(5);
-    for (int layout = 0; layout < 30; ++layout) {
+    for (int layout = 0; layout < 60; ++layout) {
         const double dx = layout % 2 ? 5.0 : 2.0;
         const int span = 16;
         myGrid plain, fast;

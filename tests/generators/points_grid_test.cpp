@@ -46,7 +46,7 @@ std::string tempPath(const std::string& name)
 TEST(PointGrid, IndexedSearchGivesThePlainListsAndValuesOnRandomLayouts)
 {
     std::mt19937 random(7);
-    for (int layout = 0; layout < 60; ++layout) {
+    for (int layout = 0; layout < 150; ++layout) {
         const double dx = layout % 2 ? 10.0 : 3.0;
         const int span = 14;
         // Points on a lattice of half cells: at cell centres, at exact
@@ -133,6 +133,11 @@ TEST(PointGrid, ImportFileLines)
     std::ofstream(path, std::ios::binary) << "";
     ASSERT_TRUE(vorn::readPointFile(path, points, cause));
     EXPECT_TRUE(points.empty());
+    // Bytes of every value read without harm; lines of three fields count.
+    std::string bytes;
+    for (int k = 0; k < 4096; ++k) bytes += static_cast<char>((k * 37) & 0xff);
+    std::ofstream(path, std::ios::binary) << bytes;
+    EXPECT_TRUE(vorn::readPointFile(path, points, cause));
     EXPECT_FALSE(vorn::readPointFile(tempPath("missing/none.txt"), points, cause));
     EXPECT_NE(cause, 0);
 }
