@@ -14,7 +14,7 @@
 #include "drawing/sysvars.h"
 #include "drawing/tempgraphics.h"
 #include "generators/contour_topfile.h"
-#include "generators/linepoint_preview.h"
+#include "grid/colorschema.h"
 
 using vorn::formatString;
 using vorn::PanelControl;
@@ -98,7 +98,7 @@ void CTopoTab::OnDrawGrid()
 {
     if (!built) return;
     hideMainDialog();
-    vorn::previewCodes(grid_, 2);
+    grid_.plotCodes(2);
     showMainDialog(true);
 }
 
@@ -183,7 +183,7 @@ void CTopoTab::OnBuildGrid()
             low = std::min(low, start.z);
             high = std::max(high, start.z);
         }
-        vorn::setPaletteRange(low, high);
+        setColorRange(low, high, false);
         highlightSelection(set, true);
         acutPrintf("\nTotal %ld related contour lines found in specified layers.", set.length());
         acutPrintf("\nGrid(%d X %d) is going to be built from these contours!", nx, ny);
@@ -203,7 +203,7 @@ void CTopoTab::OnBuildGrid()
     }
     redrawAndFlush();
     acedRestoreStatusBar();
-    if (!cancelled) vorn::previewCodes(grid_, 2);
+    if (!cancelled) grid_.plotCodes(2);
     restoreLayers(turnedOff);
     showMainDialog(true);
     built = !cancelled;

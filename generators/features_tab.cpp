@@ -10,7 +10,6 @@
 #include "drawing/prompts.h"
 #include "drawing/selection.h"
 #include "drawing/tempgraphics.h"
-#include "generators/linepoint_preview.h"
 
 using vorn::formatString;
 using vorn::PanelControl;
@@ -81,7 +80,7 @@ void CGeoFeatureTab::OnDrawGrid()
     if (!built) return;
     hideMainDialog();
     grid_.setPlotOptions(0, 2, "", true, false);
-    vorn::plotGrid(grid_);
+    grid_.plot();
     showMainDialog(true);
 }
 
@@ -147,7 +146,7 @@ void CGeoFeatureTab::OnBuildGrid()
         return;
     }
     grid_.setPlotOptions(0, 2, "", true, false);
-    vorn::plotGrid(grid_);
+    grid_.plot();
     built = true;
     saved = false;
 }

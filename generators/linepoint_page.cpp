@@ -9,7 +9,7 @@
 #include "drawing/layers.h"
 #include "drawing/prompts.h"
 #include "drawing/tempgraphics.h"
-#include "generators/linepoint_preview.h"
+#include "grid/colorschema.h"
 
 namespace vorn {
 
@@ -150,7 +150,7 @@ std::vector<Point2d> cellOutline(const myGrid& grid, int i, int j)
 
 void drawValueCell(const myGrid& grid, int i, int j, double value)
 {
-    drawPolygonOutline(cellOutline(grid, i, j), paletteColor(value), true);
+    drawPolygonOutline(cellOutline(grid, i, j), colorOfValue(value), true);
 }
 
 std::vector<Point2d> worldOutline(const myGrid& grid)

@@ -10,7 +10,7 @@
 #include "drawing/prompts.h"
 #include "drawing/selection.h"
 #include "drawing/tempgraphics.h"
-#include "generators/linepoint_preview.h"
+#include "grid/colorschema.h"
 
 using vorn::formatString;
 using vorn::PanelControl;
@@ -57,7 +57,7 @@ void CPointsTab::OnDrawGrid()
 {
     if (!built) return;
     hideMainDialog();
-    vorn::previewCodes(grid_, 2);
+    grid_.plotCodes(2);
     showMainDialog(true);
 }
 
@@ -149,7 +149,7 @@ bool CPointsTab::filterAndCheck(std::vector<Point3d>& points, double searchLimit
         AfxMessageBox("All points have same z value!");
         return false;
     }
-    vorn::setPaletteRange(low->z, high->z);
+    setColorRange(low->z, high->z, false);
     return true;
 }
 
@@ -181,7 +181,7 @@ void CPointsTab::OnBuildGrid()
     }
     redrawAndFlush();
     acedRestoreStatusBar();
-    if (!cancelled) vorn::previewCodes(grid_, 2);
+    if (!cancelled) grid_.plotCodes(2);
     showMainDialog(true);
     built = !cancelled;
     saved = false;

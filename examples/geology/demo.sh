@@ -33,6 +33,7 @@ check \"Feet\" on
 set \"Output File <.top>\" $OUT/topography.top
 press \"< &Build Grid\"
 <enter>
+<enter>
 press \"< &Save Grid\"
 box ok
 ok"
@@ -48,6 +49,7 @@ press \"< &Build Grid\"
 file $HERE/drillholes.txt
 box ok
 <enter>
+<enter>
 press \"< &Save Grid\"
 box ok
 ok"
@@ -61,6 +63,7 @@ check \"Accumulation\" on
 set \"Grid Title\" Faults
 set \"Output File (.grd) :\" $OUT/faults.grd
 press \"< &Build Grid\"
+<enter>
 <enter>
 press \"< &Save Grid\"
 box ok

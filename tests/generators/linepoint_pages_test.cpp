@@ -82,7 +82,7 @@ std::string saveTo(const std::string& caption, const std::string& path)
 TEST(LinePointPages, TopographyFromContoursInFeetAndFromElevationsInMetres)
 {
     const std::string top = scratch("surface.top");
-    ScriptedApp app(kLattice + "choose \"Contour Layers\" Contours\npress \"< &Build Grid\"\n<enter>\n" +
+    ScriptedApp app(kLattice + "choose \"Contour Layers\" Contours\npress \"< &Build Grid\"\n<enter>\n<enter>\n" +
                         saveTo("Output File <.top>", top) + "ok\n",
                     geology({0, 20, 40, 60, 80}, 100.0));
     EXPECT_EQ(app.run("vorn_topoGrid"), 0) << app.scriptError();
@@ -97,7 +97,7 @@ TEST(LinePointPages, TopographyFromContoursInFeetAndFromElevationsInMetres)
 
     const std::string seam = scratch("seam.top");
     ScriptedApp elevation(kLattice + "choose \"Contour Layers\" Contours\ncheck \"Elevation\" on\ncheck \"Meters\" on\n"
-                                     "press \"< &Build Grid\"\n<enter>\n" + saveTo("Output File <.top>", seam) + "ok\n",
+                                     "press \"< &Build Grid\"\n<enter>\n<enter>\n" + saveTo("Output File <.top>", seam) + "ok\n",
                           geology({0, 20, 40, 60, 80}, 2500.0));
     EXPECT_EQ(elevation.run("vorn_topoGrid"), 0) << elevation.scriptError();
     EXPECT_NE(slurp(seam).find("1,Meter\r\n510.000000\r\n530.000000"), std::string::npos);
@@ -132,7 +132,7 @@ TEST(LinePointPages, ContourPageChecks)
 TEST(LinePointPages, ThreeContoursLeaveEveryCellTooFew)
 {
     const std::string grd = scratch("three.grd");
-    ScriptedApp app(kLattice + "choose \"Contour Layers\" Contours\nset \"Description:\" three\npress \"< &Build Grid\"\n<enter>\n" +
+    ScriptedApp app(kLattice + "choose \"Contour Layers\" Contours\nset \"Description:\" three\npress \"< &Build Grid\"\n<enter>\n<enter>\n" +
                         saveTo("Output File <.grd>", grd) + "ok\n",
                     geology({0, 20, 40}, 0.0));
     EXPECT_EQ(app.run("vorn_gridFromContour"), 0) << app.scriptError();
@@ -150,7 +150,7 @@ TEST(LinePointPages, PointGridFromFileAndFromTheDrawing)
     const std::string grd = scratch("points.grd");
     ScriptedApp app(kLattice + "check \"From External File\" on\ncheck \"Simple Average\" on\nset \"Min. Points:\" 1\n"
                                 "set \"Max. Search R (%):\" 100\n"
-                                "press \"< &Build Grid\"\nfile " + points + "\nbox ok\n<enter>\n" +
+                                "press \"< &Build Grid\"\nfile " + points + "\nbox ok\n<enter>\n<enter>\n" +
                         saveTo("Output File (.grd) :", grd) + "ok\n",
                     geology({}, 0.0));
     EXPECT_EQ(app.run("vorn_gridFromPoint"), 0) << app.scriptError();
@@ -164,7 +164,7 @@ TEST(LinePointPages, PointGridFromFileAndFromTheDrawing)
     EXPECT_NEAR(grid.getValue(3, 3), (33.0 + 15.0 + 13.0) / 3.0, 1e-6);  // "%f" in the file
 
     // From the drawing: the holes' elevations; inverse distance.
-    ScriptedApp drawing(kLattice + "choose \"Define Point Layers\" Holes\npress \"< &Build Grid\"\nbox ok\n<enter>\nok\n",
+    ScriptedApp drawing(kLattice + "choose \"Define Point Layers\" Holes\npress \"< &Build Grid\"\nbox ok\n<enter>\n<enter>\nok\n",
                         geology({}, 0.0));
     EXPECT_EQ(drawing.run("vorn_gridFromPoint"), 0) << drawing.scriptError();
     EXPECT_TRUE(contains(drawing.transcript(), "\n4 points are obtained in layers: Holes"));
@@ -202,7 +202,7 @@ TEST(LinePointPages, FeatureGridFallsFromTheFault)
 {
     const std::string grd = scratch("faults.grd");
     ScriptedApp app(kLattice + "choose \"Define Feature Layers\" Faults\nset \"Influence Distance:\" 20\n"
-                                "set \"Grid Title\" Faults\npress \"< &Build Grid\"\n<enter>\n" +
+                                "set \"Grid Title\" Faults\npress \"< &Build Grid\"\n<enter>\n<enter>\n" +
                         saveTo("Output File (.grd) :", grd) + "ok\n",
                     geology({}, 0.0));
     EXPECT_EQ(app.run("vorn_geoFeatures"), 0) << app.scriptError();
@@ -224,7 +224,7 @@ TEST(LinePointPages, FeatureChecksAndTheUnsavedGridOnCancel)
 
     const std::string grd = scratch("later.grd");
     ScriptedApp later(kLattice + "choose \"Define Feature Layers\" Faults\nset \"Output File (.grd) :\" " + grd +
-                          "\npress \"< &Build Grid\"\n<enter>\ncancel\nbox yes\nbox ok\n",
+                          "\npress \"< &Build Grid\"\n<enter>\n<enter>\ncancel\nbox yes\nbox ok\n",
                       geology({}, 0.0));
     later.run("vorn_geoFeatures");
     EXPECT_TRUE(contains(later.transcript(), "The Grid is not saved! Save it?"));
