@@ -176,6 +176,7 @@ ContourInterpolator::ContourInterpolator(std::vector<ContourLine> contours, doub
         flat_.push_back(flat);
     }
     nearest_.assign(contours_.size(), std::numeric_limits<double>::infinity());
+    seen_.resize(contours_.size());
     buildIndex();
 }
 
@@ -216,7 +217,8 @@ void ContourInterpolator::buildIndex()
                 range(std::min(a.x, b.x), std::max(a.x, b.x), originX_, bucketsX_, x0, x1);
                 range(std::min(a.y, b.y), std::max(a.y, b.y), originY_, bucketsY_, y0, y1);
                 for (int by = y0; by <= y1; ++by)
-                    for (int bx = x0; bx <= x1; ++bx) visit(by * bucketsX_ + bx, Entry{c, s});
+                    for (int bx = x0; bx <= x1; ++bx)
+                        visit(by * bucketsX_ + bx, Entry{c, s, std::min(a.x, b.x), std::min(a.y, b.y), std::max(a.x, b.x), std::max(a.y, b.y)});
             }
         }
     };
@@ -230,9 +232,11 @@ void ContourInterpolator::buildIndex()
 
 void ContourInterpolator::beginCell(const Point3d& p)
 {
-    for (int c : touched_) nearest_[static_cast<size_t>(c)] = std::numeric_limits<double>::infinity();
+    for (int c : touched_) {
+        nearest_[static_cast<size_t>(c)] = std::numeric_limits<double>::infinity();
+        seen_[static_cast<size_t>(c)].clear();
+    }
     touched_.clear();
-    seen_.clear();
     p_ = p;
     centreX_ = static_cast<int>(std::floor((p.x - originX_) / bucket_));
     centreY_ = static_cast<int>(std::floor((p.y - originY_) / bucket_));
@@ -246,12 +250,16 @@ void ContourInterpolator::visitBucket(int bx, int by)
     size_t bucket = static_cast<size_t>(by) * bucketsX_ + bx;
     for (int k = bucketStart_[bucket]; k < bucketStart_[bucket + 1]; ++k) {
         const Entry& e = entries_[static_cast<size_t>(k)];
-        const ContourLine& line = contours_[static_cast<size_t>(e.contour)];
-        double d = chebyshevDistance(line[static_cast<size_t>(e.segment)], segmentEnd(line, e.segment), p_);
-        seen_.push_back({e.contour, e.segment, d});
         double& nearest = nearest_[static_cast<size_t>(e.contour)];
-        if (std::isinf(nearest)) touched_.push_back(e.contour);
-        nearest = std::min(nearest, d);
+        std::vector<int>& seen = seen_[static_cast<size_t>(e.contour)];
+        if (seen.empty()) touched_.push_back(e.contour);
+        seen.push_back(k);
+        // The distance to the segment's box is a lower bound: a segment
+        // whose box lies farther than the nearest so far changes nothing.
+        double box = std::max({e.x0 - p_.x, p_.x - e.x1, e.y0 - p_.y, p_.y - e.y1, 0.0});
+        if (box >= nearest) continue;
+        const ContourLine& line = contours_[static_cast<size_t>(e.contour)];
+        nearest = std::min(nearest, chebyshevDistance(line[static_cast<size_t>(e.segment)], segmentEnd(line, e.segment), p_));
     }
 }
 
@@ -286,10 +294,9 @@ void ContourInterpolator::ensureSeen(double reach)
     }
 }
 
-void ContourInterpolator::foundAt(double w, std::vector<int>& found)
+void ContourInterpolator::foundAt(double w, double eps, std::vector<int>& found)
 {
     found.clear();
-    const double eps = 1e-9 * (1.0 + std::abs(p_.x) + std::abs(p_.y) + w);
     const Point2d lower{p_.x - w, p_.y - w}, upper{p_.x + w, p_.y + w};
     for (int c : touched_) {
         double nearest = nearest_[static_cast<size_t>(c)];
@@ -299,66 +306,94 @@ void ContourInterpolator::foundAt(double w, std::vector<int>& found)
     std::sort(found.begin(), found.end());
 }
 
-Point3d ContourInterpolator::closestOf(int contour, double reach)
+Point3d ContourInterpolator::closestOf(int contour)
 {
     const ContourLine& line = contours_[static_cast<size_t>(contour)];
     if (!flat_[static_cast<size_t>(contour)]) return closestPointOnContour(line, p_);
     // On a level contour the nearest segment in plan is the nearest in
-    // space; segments within rounding of it are all compared in space.
-    ensureSeen(reach);
-    double bestPlan = std::numeric_limits<double>::infinity();
-    for (const Seen& s : seen_)
-        if (s.contour == contour)
-            bestPlan = std::min(bestPlan, planDistanceSquared(line[static_cast<size_t>(s.segment)], segmentEnd(line, s.segment), p_));
-    double dz = line.front().z - p_.z;
-    double band = bestPlan + 1e-9 * (1.0 + dz * dz + bestPlan);
-    ensureSeen(std::sqrt(band) * (1.0 + 1e-9) + 1e-9);
+    // space; the segments within rounding of it in plan are all compared
+    // in space. Every segment in reach of that band must have been seen.
+    const std::vector<int>& seen = seen_[static_cast<size_t>(contour)];
+    const double dz = line.front().z - p_.z;
+    double band = 0.0;
+    for (size_t done = 0;;) {
+        scratch_.resize(seen.size());
+        for (; done < seen.size(); ++done) {
+            const Entry& e = entries_[static_cast<size_t>(seen[done])];
+            scratch_[done] = planDistanceSquared(line[static_cast<size_t>(e.segment)], segmentEnd(line, e.segment), p_);
+        }
+        double bestPlan = *std::min_element(scratch_.begin(), scratch_.end());
+        band = bestPlan + 1e-9 * (1.0 + dz * dz + bestPlan);
+        double need = std::sqrt(band) * (1.0 + 1e-9) + 1e-9 * (1.0 + std::abs(p_.x) + std::abs(p_.y));
+        if (need <= seenReach_) break;
+        ensureSeen(need);
+    }
     Point3d best;
     double bestDistance = std::numeric_limits<double>::infinity();
     int bestSegment = -1;
-    for (const Seen& s : seen_) {
-        if (s.contour != contour) continue;
-        const Point3d& a = line[static_cast<size_t>(s.segment)];
-        const Point3d& b = segmentEnd(line, s.segment);
-        if (planDistanceSquared(a, b, p_) > band) continue;
+    for (size_t k = 0; k < seen.size(); ++k) {
+        if (scratch_[k] > band) continue;
+        const int segment = entries_[static_cast<size_t>(seen[k])].segment;
         Point3d q;
-        double d = segmentDistance3dSquared(a, b, p_, q);
-        if (d < bestDistance || (d == bestDistance && s.segment < bestSegment)) {
+        double d = segmentDistance3dSquared(line[static_cast<size_t>(segment)], segmentEnd(line, segment), p_, q);
+        if (d < bestDistance || (d == bestDistance && segment < bestSegment)) {
             bestDistance = d;
             best = q;
-            bestSegment = s.segment;
+            bestSegment = segment;
         }
     }
     return best;
 }
 
+// The window of step k may hold four contours only when the fourth
+// nearest contour (in the maximum norm) lies within it. Steps before that
+// are passed over (still shown to the observer); the first step that may
+// have four is decided by the crossing test itself.
 ContourCellResult ContourInterpolator::valueAt(const Point3d& p, const ContourWindowObserver& observer)
 {
     beginCell(p);
     ContourCellResult result;
     std::vector<int> found;
-    for (size_t k = 0; k < widths_.size(); ++k) {
-        const double w = widths_[k];
-        if (observer) observer({p.x - w, p.y - w}, {p.x + w, p.y + w});
-        const double eps = 1e-9 * (1.0 + std::abs(p.x) + std::abs(p.y) + w);
-        ensureSeen(w + eps);
-        int possible = 0;
-        for (int c : touched_) possible += nearest_[static_cast<size_t>(c)] <= w + eps ? 1 : 0;
-        const bool last = k + 1 == widths_.size();
-        if (possible < 4 && !last) continue;
-        foundAt(w, found);
+    const double eps = 1e-9 * (1.0 + std::abs(p.x) + std::abs(p.y) + widths_.back());
+    const size_t last = widths_.size() - 1;
+    size_t shown = 0;
+    auto showUpTo = [&](size_t k) {
+        for (; shown <= k; ++shown)
+            if (observer) observer({p.x - widths_[shown], p.y - widths_[shown]}, {p.x + widths_[shown], p.y + widths_[shown]});
+    };
+    for (size_t k = 0;;) {
+        ensureSeen(widths_[k] + eps);
+        const double fourth = fourthNearest();
+        // Below `bound` no window can hold four contours.
+        const double bound = fourth <= seenReach_ ? fourth - eps : seenReach_ - eps;
+        size_t m = static_cast<size_t>(std::lower_bound(widths_.begin() + static_cast<long>(k), widths_.end(), bound) - widths_.begin());
+        m = std::min(m, last);
+        if (m > k) {
+            showUpTo(m - 1);
+            k = m;
+            continue;
+        }
+        showUpTo(k);
+        foundAt(widths_[k], eps, found);
         result.found = static_cast<int>(found.size());
         if (found.size() >= 4) break;
-        if (last) return result;
+        if (k == last) return result;
+        ++k;
     }
-    double farthest = 0.0;
-    for (int c : found) farthest = std::max(farthest, nearest_[static_cast<size_t>(c)]);
-    double reach = farthest * 1.4142135623730951 * (1.0 + 1e-12) + 1e-9 * (1.0 + std::abs(p.x) + std::abs(p.y));
     std::vector<Point3d> closest;
-    for (int c : found) closest.push_back(closestOf(c, reach));
+    for (int c : found) closest.push_back(closestOf(c));
     result.enough = true;
     result.value = contourValueFromClosest(closest, p);
     return result;
+}
+
+double ContourInterpolator::fourthNearest()
+{
+    if (touched_.size() < 4) return std::numeric_limits<double>::infinity();
+    scratch_.clear();
+    for (int c : touched_) scratch_.push_back(nearest_[static_cast<size_t>(c)]);
+    std::nth_element(scratch_.begin(), scratch_.begin() + 3, scratch_.end());
+    return scratch_[3];
 }
 
 }  // namespace vorn

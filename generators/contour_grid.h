@@ -63,14 +63,11 @@ public:
     const std::vector<ContourLine>& contours() const { return contours_; }
 
 private:
+    // A segment in a bucket, with its box in plan.
     struct Entry {
         int contour;
         int segment;
-    };
-    struct Seen {
-        int contour;
-        int segment;
-        double chebyshev;  // distance in the maximum norm
+        double x0, y0, x1, y1;
     };
 
     void buildIndex();
@@ -79,9 +76,12 @@ private:
     // norm) of the cell centre has been seen.
     void ensureSeen(double reach);
     void visitBucket(int bx, int by);
-    // The contours crossing the window of half-width w, in selection order.
-    void foundAt(double w, std::vector<int>& found);
-    Point3d closestOf(int contour, double reach);
+    // The contours crossing the window of half-width w, in selection order;
+    // those whose distance is within eps of w take the crossing test.
+    void foundAt(double w, double eps, std::vector<int>& found);
+    // The fourth smallest distance seen, in the maximum norm.
+    double fourthNearest();
+    Point3d closestOf(int contour);
 
     std::vector<ContourLine> contours_;
     std::vector<bool> flat_;  // all vertices at one elevation
@@ -99,8 +99,9 @@ private:
     int centreX_ = 0, centreY_ = 0;
     int ring_ = -1;
     double seenReach_ = -1.0;
-    std::vector<Seen> seen_;
+    std::vector<std::vector<int>> seen_;  // per contour, the entries seen
     std::vector<double> nearest_;  // per contour, smallest maximum-norm distance seen
+    std::vector<double> scratch_;
     std::vector<int> touched_;
 };
 
