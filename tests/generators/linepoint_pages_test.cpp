@@ -201,11 +201,12 @@ TEST(LinePointPages, PointFileProblems)
 TEST(LinePointPages, FeatureGridFallsFromTheFault)
 {
     const std::string grd = scratch("faults.grd");
-    ScriptedApp app(kLattice + "choose \"Define Feature Layers\" Faults\nset \"Influence Distance:\" 20\n"
+    ScriptedApp app(kLattice + "press \"<Pick Layer\"\npick 40,50\n<enter>\nset \"Influence Distance:\" 20\n"
                                 "set \"Grid Title\" Faults\npress \"< &Build Grid\"\n<enter>\n<enter>\n" +
                         saveTo("Output File (.grd) :", grd) + "ok\n",
                     geology({}, 0.0));
     EXPECT_EQ(app.run("vorn_geoFeatures"), 0) << app.scriptError();
+    EXPECT_TRUE(contains(app.transcript(), "\nselected layer: Faults"));
     EXPECT_TRUE(contains(app.transcript(), "\nTotal number of features found: 1 in Layers: Faults"));
     myGrid grid;
     ASSERT_TRUE(grid.readGrd(grd));

@@ -140,4 +140,13 @@ TEST(PointGrid, ImportFileLines)
     EXPECT_TRUE(vorn::readPointFile(path, points, cause));
     EXPECT_FALSE(vorn::readPointFile(tempPath("missing/none.txt"), points, cause));
     EXPECT_NE(cause, 0);
+
+    // A million lines are read in one pass.
+    {
+        std::ofstream big(path, std::ios::binary);
+        for (int k = 0; k < 1000000; ++k) big << k << ",2," << (k % 13) << "\n";
+    }
+    ASSERT_TRUE(vorn::readPointFile(path, points, cause));
+    EXPECT_EQ(points.size(), 1000000u);
+    EXPECT_EQ(points.back(), (Point3d{999999, 2, 999999 % 13}));
 }
