@@ -101,6 +101,16 @@ TEST(LinePointPages, TopographyFromContoursInFeetAndFromElevationsInMetres)
                           geology({0, 20, 40, 60, 80}, 2500.0));
     EXPECT_EQ(elevation.run("vorn_topoGrid"), 0) << elevation.scriptError();
     EXPECT_NE(slurp(seam).find("1,Meter\r\n510.000000\r\n530.000000"), std::string::npos);
+
+    // Choosing "Elevation" again takes the seam level from a picked polyline.
+    const std::string level = scratch("picked.top");
+    ScriptedApp picked(kLattice + "choose \"Contour Layers\" Contours\ncheck \"Elevation\" on\ncheck \"Elevation\" on\n"
+                                  "pick 5,20\ncheck \"Meters\" on\npress \"< &Build Grid\"\n<enter>\n<enter>\n" +
+                           saveTo("Output File <.top>", level) + "ok\n",
+                       geology({0, 20, 40, 60, 80}, 2500.0));
+    EXPECT_EQ(picked.run("vorn_topoGrid"), 0) << picked.scriptError();
+    EXPECT_TRUE(contains(picked.transcript(), "\nPick a polyline object to retrieve the seam elevation:"));
+    EXPECT_NE(slurp(level).find("1,Meter\r\n-10.000000\r\n10.000000"), std::string::npos) << slurp(level).substr(0, 80);
 }
 
 TEST(LinePointPages, ContourPageChecks)
