@@ -51,5 +51,6 @@ echo
 bash "$HERE/grid/demo.sh" "$VORNMARK" "$OUT"
 bash "$HERE/polylines/demo.sh" "$VORNMARK"
 bash "$HERE/stability/demo.sh" "$VORNMARK" "$OUT"
+bash "$HERE/geology/demo.sh" "$VORNMARK" "$OUT"
 echo
 echo "Results are in $OUT"
