@@ -21,15 +21,25 @@ double doubleSignedArea(const std::vector<Point2d>& pts)
     return sum;
 }
 
+// Point2d::isEqualTo without the square root where one coordinate alone
+// tells the points apart (the distance is never below either difference):
+// the same answer, and the cell loops ask it for every clipped cell.
+bool samePoint(const Point2d& a, const Point2d& b, double tol)
+{
+    if (std::fabs(a.x - b.x) > tol || std::fabs(a.y - b.y) > tol)
+        return false;
+    return a.isEqualTo(b, tol);
+}
+
 // The points without neighbours that repeat one another (the last point is
 // the first's neighbour), into `out`.
 void withoutRepeats(const std::vector<Point2d>& pts, std::vector<Point2d>& out, double tol)
 {
     out.clear();
     for (const Point2d& p : pts)
-        if (out.empty() || !out.back().isEqualTo(p, tol))
+        if (out.empty() || !samePoint(out.back(), p, tol))
             out.push_back(p);
-    while (out.size() > 1 && out.front().isEqualTo(out.back(), tol))
+    while (out.size() > 1 && samePoint(out.front(), out.back(), tol))
         out.pop_back();
 }
 
