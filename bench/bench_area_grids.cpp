@@ -102,7 +102,7 @@ void runCommand(benchmark::State& state, const std::string& pillarLayer, const s
 void BM_AreaFactorBuild(benchmark::State& state)
 {
     runCommand(state, "VORN_Working_Layer", "vorn_sFactorInArea",
-               kGridPage + "tab \"Build Grid\"\npress \"< &Build Grid\"\nYes\ncancel\nbox no\n",
+               kGridPage + "tab \"Build Grid\"\npress \"< &Build Grid\"\nYes\n<enter>\ncancel\nbox no\n",
                "10000 Boundary objects existed, 10000 are related to the grid!");
 }
 
@@ -110,7 +110,7 @@ void BM_SeamGridBuild(benchmark::State& state)
 {
     runCommand(state, "Pillars", "vorn_seamGrid",
                kGridPage + "tab \"Build Grid\"\nchoose \"Pillar Layer\" Pillars\nchoose \"Gob Layer\" Gob\n"
-                           "press \" &Build Grid ...\"\nYes\nYes\ncancel\nbox no\n",
+                           "press \" &Build Grid ...\"\nYes\nYes\n<enter>\ncancel\nbox no\n",
                "Gob layers: Gob\n2 Gob polygons were selected!");
 }
 

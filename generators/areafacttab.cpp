@@ -9,7 +9,6 @@
 #include "drawing/tempgraphics.h"
 #include "generators/areacover.h"
 #include "generators/areabuild_support.h"
-#include "generators/gridpreview.h"
 #include "generators/overlapcheck.h"
 
 using vorn::formatString;
@@ -84,7 +83,7 @@ void CAreaFactTab::OnBuildGrid()
     showMainDialog(true);
     built = completed;
     saved = false;
-    if (completed) previewGridCodes(grid, 3);
+    if (completed) grid.plotCodes(3);
 }
 
 bool CAreaFactTab::buildFromBoundaries(vorn::SelectionSet& set, int inside, int outside, int percent)
@@ -181,7 +180,7 @@ void CAreaFactTab::OnChangeCells()
     showMainDialog(true);
 }
 
-void CAreaFactTab::OnDrawGrid() { previewGridCodes(grid, 3); }
+void CAreaFactTab::OnDrawGrid() { grid.plotCodes(3); }
 
 void CAreaFactTab::OnSaveGrid()
 {

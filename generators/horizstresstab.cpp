@@ -11,7 +11,6 @@
 #include "drawing/selection.h"
 #include "drawing/tempgraphics.h"
 #include "generators/areabuild_support.h"
-#include "generators/gridpreview.h"
 #include "generators/horizstress_rating.h"
 
 using vorn::formatString;
@@ -81,7 +80,7 @@ void CHorizonStressTab::OnBuildGrid()
     showMainDialog(true);
     built = finished;
     saved = false;
-    if (finished) previewGrid(grid);
+    if (finished) grid.plot();
 }
 
 namespace {
@@ -151,7 +150,7 @@ bool CHorizonStressTab::rateLine(const std::vector<vorn::Point3d>& points, doubl
     return true;
 }
 
-void CHorizonStressTab::OnDrawGrid() { previewGrid(grid); }
+void CHorizonStressTab::OnDrawGrid() { grid.plot(); }
 
 void CHorizonStressTab::OnSaveGrid()
 {

@@ -10,7 +10,6 @@
 #include "drawing/tempgraphics.h"
 #include "generators/areabuild_support.h"
 #include "generators/areacover.h"
-#include "generators/gridpreview.h"
 
 using vorn::formatString;
 
@@ -99,7 +98,7 @@ void CSeamTab::OnBuildGrid()
     showMainDialog(true);
     built = finished;
     saved = false;
-    if (finished) previewGridCodes(grid, 3);
+    if (finished) grid.plotCodes(3);
 }
 
 bool CSeamTab::buildFromPolygons(std::vector<vorn::ObjectId>& pillarIds, int percent)
@@ -213,7 +212,7 @@ void CSeamTab::OnEditCells()
     showMainDialog(true);
 }
 
-void CSeamTab::OnDrawGrid() { previewGridCodes(grid, 3); }
+void CSeamTab::OnDrawGrid() { grid.plotCodes(3); }
 
 SeamCodes CSeamTab::codes()
 {

@@ -33,6 +33,7 @@ set "Grid Description" Valley, pond and stream bank
 check "Remove Boundaries" on
 press "< &Build Grid"
 Yes
+<enter>
 press "< &Save Grid"
 box ok
 ok
@@ -51,6 +52,7 @@ set "Output File (.txt) :" $OUT/seam.txt
 press " &Build Grid ..."
 Yes
 Yes
+<enter>
 press " &Save Grid ..."
 box ok
 ok
@@ -69,6 +71,7 @@ press "Pick a orientation"
 30
 set "Output File (.grd) :" $OUT/horizontal_stress.grd
 press "< &Build Grid"
+<enter>
 <enter>
 press "< &Save Grid"
 box ok

@@ -89,7 +89,7 @@ TEST(AreaFactorCommand, BuildsBoundariesAndTheGridAndSavesIt)
                          "press \"< Create from Polylines in Layer \"\nNo\nYes\n"
                          "tab \"Build Grid\"\nset \"Output File (.grd) :\" " + out.substr(0, out.size() - 4) + "\n"
                          "set \"Grid Description\" Zones\nset \"Inside Boundary:\" 80\nset \"Outside Boundary:\" 20\n"
-                         "check \"Remove Boundaries\" on\npress \"< &Build Grid\"\nYes\n"
+                         "check \"Remove Boundaries\" on\npress \"< &Build Grid\"\nYes\n<enter>\n"
                          "press \"< &Save Grid\"\nbox ok\nok\n";
     ScriptedApp app(script, drawingOf(zonePlan));
     EXPECT_EQ(app.run("vorn_sFactorInArea"), 0);
@@ -111,7 +111,7 @@ TEST(AreaFactorCommand, MiddlePointBuildWithCellsChangedByHand)
 {
     std::string out = scratch("middle.grd");
     std::string script = "tab \"Build Grid\"\ncheck \"Middle Point\" on\nset \"Output File (.grd) :\" " + out + "\n"
-                         "press \"< Check Boundaries\"\nbox ok\npress \"< &Build Grid\"\nYes\n"
+                         "press \"< Check Boundaries\"\nbox ok\npress \"< &Build Grid\"\nYes\n<enter>\n"
                          "press \"< Change Cells\"\n5,5\n95,95\n<esc>\npress \"< &Save Grid\"\nbox ok\nok\n";
     ScriptedApp app(script, drawingOf({{"VORN_Working_Layer", box(0, 0, 25, 14)}}));
     EXPECT_EQ(app.run("vorn_sFactorInArea"), 0);
@@ -226,7 +226,7 @@ TEST(SeamGridCommand, BuildsAndWritesTheSeamFile)
                          "tab \"Build Grid\"\nchoose \"Pillar Layer\" Pillars\nchoose \"Gob Layer\" Gob\n"
                          "choose \"Gob Layer\" Pillars\nchoose \"Pillar Layer\" Pillars\n"
                          "set \"Pillar:\" PX\nset \"Entry:\" .\nset \"Gob:\" G\n"
-                         "set \"Output File (.txt) :\" " + out + "\npress \" &Build Grid ...\"\nYes\nYes\n"
+                         "set \"Output File (.txt) :\" " + out + "\npress \" &Build Grid ...\"\nYes\nYes\n<enter>\n"
                          "press \" &Save Grid ...\"\nbox ok\nok\n";
     ScriptedApp app(script, drawingOf(seamPlan));
     EXPECT_EQ(app.run("vorn_seamGrid"), 0);
@@ -264,7 +264,7 @@ TEST(SeamGridCommand, EditCellsCyclesGobEntryPillar)
     std::string out = scratch("edited.txt");
     std::string script = gridPage(5, 20) +
                          "tab \"Build Grid\"\nchoose \"Pillar Layer\" Pillars\nchoose \"Gob Layer\" Gob\n"
-                         "set \"Output File (.txt) :\" " + out + "\npress \" &Build Grid ...\"\nYes\nYes\n"
+                         "set \"Output File (.txt) :\" " + out + "\npress \" &Build Grid ...\"\nYes\nYes\n<enter>\n"
                          "press \" Edit Cells ...\"\n2,2\n2,2\n2,97\n500,500\n<esc>\n"
                          "press \" &Save Grid ...\"\nbox ok\nok\n";
     ScriptedApp app(script, drawingOf(seamPlan));
@@ -285,7 +285,7 @@ TEST(HorizontalStressCommand, RatesEntriesAgainstTheStressAndSaves)
     std::string script = gridPage(10, 10) +
                          "tab \"Build Grid\"\nchoose \"Entry Projection Layers\" Entries\nset \"Width of Entries\" 10\n"
                          "press \"Pick a orientation\"\n30\nset \"Output File (.grd) :\" " + out + "\n"
-                         "press \"< &Build Grid\"\n<enter>\npress \"< &Save Grid\"\nbox ok\nok\n";
+                         "press \"< &Build Grid\"\n<enter>\n<enter>\npress \"< &Save Grid\"\nbox ok\nok\n";
     ScriptedApp app(script, drawingOf({{"Entries", {{0, 25}, {100, 25}}, false},
                                        {"Entries", {{55, 0}, {55, 100}}, false},
                                        {"Entries", {{300, 300}, {400, 400}}, false}}));
@@ -307,7 +307,7 @@ TEST(HorizontalStressCommand, ClosedPolylineRatesItsClosingSegment)
 {
     std::string out = scratch("closed.grd");
     std::string script = "tab \"Build Grid\"\nchoose \"Entry Projection Layers\" Entries\nset \"Width of Entries\" 10\n"
-                         "set \"Output File (.grd) :\" " + out + "\npress \"< &Build Grid\"\n<enter>\n"
+                         "set \"Output File (.grd) :\" " + out + "\npress \"< &Build Grid\"\n<enter>\n<enter>\n"
                          "press \"< &Save Grid\"\nbox ok\nok\n";
     ScriptedApp app(script, drawingOf({{"Entries", box(15, 15, 85, 85)}}));
     app.run("vorn_horizStress");

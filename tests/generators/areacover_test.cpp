@@ -123,7 +123,9 @@ TEST(AreaCover, WindowMissesNoCoveredCellOfARotatedGrid)
         for (int j = 0; j < grid.yNum; ++j) {
             cellOutline(grid, i, j, corners);
             bool inWindow = i >= window.iLow && i <= window.iHigh && j >= window.jLow && j <= window.jHigh;
-            if (!inWindow) EXPECT_EQ(clipPolygonArea(corners, polygon, result), 0.0) << i << "," << j;
+            if (!inWindow) {
+                EXPECT_EQ(clipPolygonArea(corners, polygon, result), 0.0) << i << "," << j;
+            }
         }
 }
 
