@@ -1,16 +1,20 @@
 // The area builds on a large plan: a 2000 x 2000 base grid of 5 ft cells
 // under a panel of 10 000 pillars (every other one rotated) and two gob
-// areas. The whole commands run in the stand-alone host over a drawing that
-// is already loaded (its making is not timed): the Area Based build of the
-// area boundary factor, and the seam grid. A third case times the cell loop
-// of the pillars alone.
+// areas. The builds of the two pages run in the stand-alone host over a
+// drawing that is already loaded (its making is not timed), from the button
+// press to the finished grid, without the plot that follows: the Area Based
+// build of the area boundary factor, and the seam grid. A third case times
+// the cell loop of the pillars alone.
 #include <benchmark/benchmark.h>
 
 #include <cmath>
+#include <functional>
 #include <memory>
 
 #include "generators/areacover.h"
+#include "generators/areafacttab.h"
 #include "generators/cellwindow.h"
+#include "generators/seamtab.h"
 #include "host/docs_session.h"
 
 namespace {
@@ -67,30 +71,40 @@ std::unique_ptr<vorn::host::HostDatabase> panelPlan(const std::string& pillarLay
     return db;
 }
 
-const std::string kGridPage = "set \"Cell Width in X Direction:\" 5\nset \"Number of Cells in X Direction:\" 2000\n"
-                              "set \"Number of Cells in Y Direction:\" 2000\n";
+// The base grid of the frame: 2000 x 2000 cells of 5 ft from (0,0).
+void defineBaseGrid(CProMainTab& frame)
+{
+    const std::string count = std::to_string(kCells), width = "5", zero = "0";
+    frame.xNumText = frame.yNumText = count;
+    frame.xCellText = frame.yCellText = width;
+    frame.originXText = frame.originYText = frame.rotationText = zero;
+}
 
-// Runs the command over a fresh copy of the plan; stops the benchmark when
-// the transcript lacks `done`, the sign that the build ran to its end.
-void runCommand(benchmark::State& state, const std::string& pillarLayer, const std::string& command,
-                const std::string& script, const std::string& done)
+// Runs `build` in a session over a fresh copy of the plan, with `answers`
+// for the build's questions; stops the benchmark when it does not finish.
+void runBuild(benchmark::State& state, const std::string& pillarLayer, const std::string& answers,
+              const std::function<bool()>& build)
 {
     for (auto _ : state) {
         state.PauseTiming();
         auto app = std::make_unique<vorn::AppSession>(panelPlan(pillarLayer), "");
         vorn::SessionOptions options;
         options.answering = vorn::SessionOptions::Answering::Script;
-        options.scriptText = script;
+        options.scriptText = answers;
         options.profilePath = "";
         options.out = nullptr;
         options.err = nullptr;
         std::string error;
         app->open(options, false, error);
+        bool finished = false;
         state.ResumeTiming();
-        benchmark::DoNotOptimize(app->runCommand(command));
+        app->session().run([&] {
+            finished = build();
+            return 0;
+        });
         state.PauseTiming();
-        if (app->session().transcript().text().find(done) == std::string::npos) {
-            state.SkipWithError("the build did not run to its end");
+        if (!finished) {
+            state.SkipWithError("the build did not finish");
             break;
         }
         app.reset();
@@ -101,17 +115,28 @@ void runCommand(benchmark::State& state, const std::string& pillarLayer, const s
 // The boundaries lie on the working layer already; Area Based at 50 %.
 void BM_AreaFactorBuild(benchmark::State& state)
 {
-    runCommand(state, "VORN_Working_Layer", "vorn_sFactorInArea",
-               kGridPage + "tab \"Build Grid\"\npress \"< &Build Grid\"\nYes\n<enter>\ncancel\nbox no\n",
-               "10000 Boundary objects existed, 10000 are related to the grid!");
+    runBuild(state, "VORN_Working_Layer", "Yes\n", [] {
+        CProMainTab frame;
+        defineBaseGrid(frame);
+        CAreaFactTab page;
+        frame.addPage("Build Grid", IDD_AREAFACTTAB, &page);
+        page.OnInitDialog();
+        return page.buildGrid();
+    });
 }
 
 void BM_SeamGridBuild(benchmark::State& state)
 {
-    runCommand(state, "Pillars", "vorn_seamGrid",
-               kGridPage + "tab \"Build Grid\"\nchoose \"Pillar Layer\" Pillars\nchoose \"Gob Layer\" Gob\n"
-                           "press \" &Build Grid ...\"\nYes\nYes\n<enter>\ncancel\nbox no\n",
-               "Gob layers: Gob\n2 Gob polygons were selected!");
+    runBuild(state, "Pillars", "Yes\nYes\n", [] {
+        CProMainTab frame;
+        defineBaseGrid(frame);
+        CSeamTab page;
+        frame.addPage("Build Grid", IDD_SEAMTAB, &page);
+        page.OnInitDialog();
+        page.pillarLayers.choose("Pillars");
+        page.gobLayers.choose("Gob");
+        return page.buildGrid();
+    });
 }
 
 // The pillars' cell loop alone, without the drawing.

@@ -52,23 +52,28 @@ void CAreaFactTab::OnMainDialogCancel()
 
 void CAreaFactTab::OnBuildGrid()
 {
+    if (buildGrid()) grid.plotCodes(3);
+}
+
+bool CAreaFactTab::buildGrid()
+{
     int inside = 0, outside = 0, percent = 0;
-    if (!readIntField(insideText, 0, 100, inside) || !readIntField(outsideText, 0, 100, outside)) return;
-    if (areaBased && !readIntField(minAreaText, 1, 100, percent)) return;
+    if (!readIntField(insideText, 0, 100, inside) || !readIntField(outsideText, 0, 100, outside)) return false;
+    if (areaBased && !readIntField(minAreaText, 1, 100, percent)) return false;
     if (saveEnabled() && AfxMessageBox("Modified Grid is not saved yet! continue to rebuild", MB_OKCANCEL) != IDOK)
-        return;
+        return false;
     if (inside == outside) {
         AfxMessageBox("Error: Inside boundary factor is equal to outside factor!");
-        return;
+        return false;
     }
     if (!mainDialog() || !mainDialog()->getBaseGrid(grid)) {
         AfxMessageBox("Grid definition error!");
-        return;
+        return false;
     }
     vorn::SelectionSet set;
     if (selectByLayer(set, kWorkingLayerName, {}, kPolylineTypes) < 1) {
         AfxMessageBox(formatString("No boundary objects were in Layer < %s > !", kWorkingLayerName));
-        return;
+        return false;
     }
     hideMainDialog();
     bool completed = buildFromBoundaries(set, inside, outside, percent);
@@ -83,7 +88,7 @@ void CAreaFactTab::OnBuildGrid()
     showMainDialog(true);
     built = completed;
     saved = false;
-    if (completed) grid.plotCodes(3);
+    return completed;
 }
 
 bool CAreaFactTab::buildFromBoundaries(vorn::SelectionSet& set, int inside, int outside, int percent)

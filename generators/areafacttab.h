@@ -36,7 +36,10 @@ public:
 
     bool saveEnabled() const { return (built || changed) && !saved; }
 
+    // "< &Build Grid": the build, then the code plot of a finished grid.
     void OnBuildGrid();
+    // The build alone; true when it finished.
+    bool buildGrid();
     void OnCheckBoundaries();
     void OnChangeCells();
     void OnDrawGrid();

@@ -73,32 +73,37 @@ void CSeamTab::OnMainDialogCancel()
 
 void CSeamTab::OnBuildGrid()
 {
+    if (buildGrid()) grid.plotCodes(3);
+}
+
+bool CSeamTab::buildGrid()
+{
     int percent = 0;
-    if (!readIntField(minAreaText, 1, 100, percent)) return;
-    if (built && !saved && AfxMessageBox("grid is not saved yet! continue to rebuild", MB_OKCANCEL) != IDOK) return;
+    if (!readIntField(minAreaText, 1, 100, percent)) return false;
+    if (built && !saved && AfxMessageBox("grid is not saved yet! continue to rebuild", MB_OKCANCEL) != IDOK) return false;
     if (pillarLayers.joined.empty()) {
         AfxMessageBox("No pillar layer is selected!");
-        return;
+        return false;
     }
     if (!mainDialog() || !mainDialog()->getBaseGrid(grid)) {
         AfxMessageBox("Grid definition error!");
-        return;
+        return false;
     }
     if (std::fabs(grid.xCellW - grid.yCellW) > 1e-10) {
         AfxMessageBox("Keldar grid requires square elements! You need redefine the cell width!!");
-        return;
+        return false;
     }
     std::vector<vorn::ObjectId> pillarIds;
     if (selectIdsByLayer(pillarIds, pillarLayers.joined, kPolylineTypes) < 1) {
         AfxMessageBox("No Pillar objects were in scope!");
-        return;
+        return false;
     }
     hideMainDialog();
     bool finished = buildFromPolygons(pillarIds, percent);
     showMainDialog(true);
     built = finished;
     saved = false;
-    if (finished) grid.plotCodes(3);
+    return finished;
 }
 
 bool CSeamTab::buildFromPolygons(std::vector<vorn::ObjectId>& pillarIds, int percent)

@@ -38,7 +38,10 @@ public:
 
     bool saveEnabled() const { return built && (!saved || changedByHand); }
 
+    // " &Build Grid ...": the build, then the code plot of a finished grid.
     void OnBuildGrid();
+    // The build alone; true when it finished.
+    bool buildGrid();
     void OnEditCells();
     void OnDrawGrid();
     void OnSaveGrid();
