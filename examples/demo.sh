@@ -48,5 +48,7 @@ echo "-- the saved drawing keeps the definition in its dictionary:"
 echo "-- and in the profile ($VORNMARK_PROFILE):"
 cat "$VORNMARK_PROFILE"
 echo
-"$HERE/areas/demo.sh" "$VORNMARK"
+bash "$HERE/grid/demo.sh" "$VORNMARK" "$OUT"
+bash "$HERE/polylines/demo.sh" "$VORNMARK"
+bash "$HERE/areas/demo.sh" "$VORNMARK"
 echo "Results are in $OUT"
