@@ -52,5 +52,6 @@ bash "$HERE/grid/demo.sh" "$VORNMARK" "$OUT"
 bash "$HERE/polylines/demo.sh" "$VORNMARK"
 bash "$HERE/stability/demo.sh" "$VORNMARK" "$OUT"
 bash "$HERE/geology/demo.sh" "$VORNMARK" "$OUT"
+bash "$HERE/areas/demo.sh" "$VORNMARK"
 echo
 echo "Results are in $OUT"
