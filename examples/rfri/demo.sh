@@ -2,6 +2,12 @@
 # Roof fall risk on the example drawing roof.dxf: the twelve defect grids
 # from its defect features, the final RFRI grid, and the assessment
 # polygons listed and mapped. Output goes to OUT/rfri.
+#
+# roof.dxf was made by the system itself on a new drawing:
+#   vornmark run vorn_RFRI_Input --save step1.dxf --script assess.scr
+#   vornmark run vorn_RFRI_Draw --drawing step1.dxf --save roof.dxf --script draw_features.scr
+# three assessment polygons on layer 0, and defect features on nine of the
+# twelve defect layers, each feature's level in its constant width.
 set -euo pipefail
 VORNMARK=$(cd "$(dirname "$1")" && pwd)/$(basename "$1")
 OUT=$2

@@ -42,6 +42,18 @@ TEST_F(RoofScript, MaximumPageTakesTheLevelOfTheWidthAndDropsOthers)
     EXPECT_EQ(grid.getValue(5, 8), 1.0);
 }
 
+TEST_F(RoofScript, FeaturesKeepTheirLevelThroughADxfRoundTrip)
+{
+    addFeature("RFRI_JointFreq", square(0, 0, 30, 30), 5.0);
+    std::string error;
+    const std::string path = (dir / "plan.dxf").string();
+    ASSERT_TRUE(vorn::saveDrawing(*drawing, path, error)) << error;
+    drawing = vorn::openDrawing(path, error);
+    ASSERT_TRUE(drawing) << error;
+    EXPECT_EQ(run("vorn_RFRI_Draw", makeAndSave("Joint Frequency")), 0);
+    EXPECT_EQ(gridFile("RFRI_JointFreq.grd").getValue(1, 1), 5.0);
+}
+
 TEST_F(RoofScript, OverwritePageLetsTheLaterFeatureWin)
 {
     addFeature("RFRI_Seismic", square(0, 0, 50, 50), 5.0);    // clustering, 25
