@@ -60,12 +60,14 @@ bool growSeed(LwPolyline& seed, std::vector<ObjectId>& ids)
     bool grew = false;
     for (size_t k = 0; k < ids.size();) {
         Entity other;
-        if (!readPolyline(ids[k], other) ||
-            !appendPolyline(seed, *other.as<LwPolyline>(), matchPolylineEnds(seed, *other.as<LwPolyline>()))) {
+        int mode = readPolyline(ids[k], other) ? matchPolylineEnds(seed, *other.as<LwPolyline>()) : -1;
+        // The other is erased first: one that cannot be erased (a locked
+        // layer) must not be added to the seed as well.
+        if (mode < 0 || database()->erase(ids[k]) != vorn::eOk) {
             ++k;
             continue;
         }
-        database()->erase(ids[k]);
+        appendPolyline(seed, *other.as<LwPolyline>(), mode);
         ids.erase(ids.begin() + static_cast<std::ptrdiff_t>(k));
         ++joinCount;
         grew = true;

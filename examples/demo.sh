@@ -50,4 +50,5 @@ cat "$VORNMARK_PROFILE"
 echo
 bash "$HERE/rfri/demo.sh" "$VORNMARK" "$OUT"
 echo
+bash "$HERE/polylines/demo.sh" "$VORNMARK"
 echo "Results are in $OUT"
