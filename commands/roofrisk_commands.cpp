@@ -45,11 +45,6 @@ void vorn_RFRI_Input() { vorn::rfri::assignAssessments(); }
 
 void vorn_RFRI_List() { vorn::rfri::listAssessments(); }
 
-void vorn_RFRI_Label()
-{
-    vorn::rfri::labelAssessments([](std::string&) {
-        vorn::reportMissing("vorn_RFRI_Label", "the layer choice \"Select Layer for Labels\" (labels go on the current layer)");
-    });
-}
+void vorn_RFRI_Label() { vorn::rfri::labelAssessments(); }
 
-void vorn_RFRI_Mapping() { vorn::reportMissing("vorn_RFRI_Mapping", "the colour schema and legend of the mapping"); }
+void vorn_RFRI_Mapping() { vorn::rfri::mapAssessments(); }

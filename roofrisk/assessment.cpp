@@ -8,8 +8,13 @@
 #include "drawing/database_port.h"
 #include "drawing/drawing_helpers.h"
 #include "drawing/platform.h"
+#include "drawing/prompts.h"
+#include "drawing/select_layer_dlg.h"
 #include "drawing/sysvars.h"
 #include "drawing/tempgraphics.h"
+#include "grid/colorschema.h"
+#include "grid/grid.h"
+#include "grid/gridplot.h"
 #include "shell/docdata.h"
 
 using namespace vorn::rfri;
@@ -156,7 +161,40 @@ void assessEntity(CRFRIDefectValue& panel, ObjectId id)
     acDocManagerPtr()->popResourceHandle();
 }
 
+// The label size of vorn_RFRI_Label, kept between runs; 0 is Auto size.
 double gLabelSize = 0.0;
+
+// The layer choice "Select Layer for Labels": one layer on OK.
+void chooseLabelLayer(std::string& layer)
+{
+    CSelectLayerDlg choice("Select Layer for Labels");
+    choice.singleChoice = true;
+    if (choice.DoModal() == IDOK && !choice.result.empty()) layer = choice.result;
+}
+
+std::string trimmedBlanks(const std::string& text)
+{
+    size_t first = text.find_first_not_of(" \t");
+    if (first == std::string::npos) return {};
+    return text.substr(first, text.find_last_not_of(" \t") - first + 1);
+}
+
+// Paints each entry: a solid hatch of the schema's colour of its index, and
+// the index as a label on the current layer.
+void paintEntries(const std::vector<MappedEntry>& entries, const ColorTable& table)
+{
+    myGrid colors;
+    colors.setColorTable(table);
+    for (const MappedEntry& entry : entries) {
+        Entity hatch;
+        if (makeHatchFromLoop(hatch, entry.id) != eOk) continue;
+        hatch.common.colorIndex = colors.getValueColor(entry.index);
+        hatch.common.layer = database()->currentLayer();
+        ObjectId hatchId;
+        appendToModelSpace(hatchId, hatch);
+        placeLabel(entry.id, formatString("%d", entry.index), 0.0, "");
+    }
+}
 
 }  // namespace
 
@@ -248,7 +286,7 @@ bool placeLabel(ObjectId id, const std::string& text, double height, const std::
     return appendToModelSpace(madeId, made) == eOk;
 }
 
-void labelAssessments(const std::function<void(std::string& layer)>& chooseLayer)
+void labelAssessments()
 {
     SelectionSet set;
     if (selectAssessmentEntities(set) != RTNORM || set.ids.empty()) return;
@@ -257,15 +295,12 @@ void labelAssessments(const std::function<void(std::string& layer)>& chooseLayer
     if (acedGetDist(nullptr, formatString("\nSpecify label size(0 - Auto size) <%g>:", gLabelSize).c_str(), size) == RTNORM) {
         gLabelSize = size;
     }
-    chooseLayer(layer);
+    chooseLabelLayer(layer);
     for (ObjectId id : set.ids) {
         std::vector<std::string> record;
         if (!readValidAssessment(id, record)) continue;
-        std::string text = record[kMeasurementPosition];
-        size_t first = text.find_first_not_of(' ');
-        if (first == std::string::npos) continue;
-        text = text.substr(first, text.find_last_not_of(' ') - first + 1);
-        placeLabel(id, text, gLabelSize, layer);
+        std::string text = trimmedBlanks(record[kMeasurementPosition]);
+        if (!text.empty()) placeLabel(id, text, gLabelSize, layer);
     }
     acedSSFree(set);
 }
@@ -284,6 +319,37 @@ std::vector<MappedEntry> collectAssessments(const SelectionSet& set, int& minimu
         maximum = std::max(maximum, index);
     }
     return entries;
+}
+
+// The legend runs from the minimum rounded down to a multiple of 5 to the
+// maximum rounded up to one (a maximum ending in 5 goes to the next ten).
+void mapAssessments()
+{
+    SelectionSet set;
+    if (selectAssessmentEntities(set) != RTNORM) return;
+    if (set.ids.empty()) {
+        acutPrintf("\nNo RFRI entity selected.");
+        return;
+    }
+    int minimum = 0;
+    int maximum = 0;
+    std::vector<MappedEntry> entries = collectAssessments(set, minimum, maximum);
+    acedSSFree(set);
+    if (entries.empty()) {
+        acutPrintf("\nNo RFRI Data present.");
+        return;
+    }
+    int lower = 0;
+    int upper = 0;
+    legendRange(minimum, maximum, lower, upper);
+    CColorRainbow schema;
+    schema.setRange(lower, upper, 5);
+    if (schema.DoModal() == IDOK) {
+        const ColorTable& table = schema.getTable();
+        paintEntries(entries, table);
+        if (askYesNo("Draw Legend?", IDYES) == IDYES) drawColorLegend(table, 0);
+    }
+    acutPrintf("\n%d defects are processed.", static_cast<int>(entries.size()));
 }
 
 }  // namespace vorn::rfri

@@ -5,7 +5,6 @@
 #pragma once
 
 #include <array>
-#include <functional>
 #include <string>
 #include <vector>
 
@@ -55,8 +54,8 @@ int selectAssessmentEntities(SelectionSet& set);
 // The commands' bodies.
 void assignAssessments();
 void listAssessments();
-// `chooseLayer` offers the layer choice; it changes the layer on OK.
-void labelAssessments(const std::function<void(std::string& layer)>& chooseLayer);
+void labelAssessments();
+void mapAssessments();
 
 // A text at the middle of the entity's extents; the height spans three
 // fifths of its width over the characters when `height` is 0 or less.

@@ -14,6 +14,7 @@
 #include "drawing/selection.h"
 #include "drawing/sysvars.h"
 #include "drawing/tempgraphics.h"
+#include "grid/grideditor.h"
 #include "roofrisk/defect_raster.h"
 #include "roofrisk/grid_views.h"
 
@@ -416,7 +417,8 @@ void CRFRIDefectPage::OnEditGrid()
         AfxMessageBox("Grid needs to be built before editing!");
     } else {
         hideMainDialog();
-        if (editGrid(grid)) saved = false;
+        editGrid(grid);
+        saved = false;
         showMainDialog(true);
     }
     UpdateData(true);

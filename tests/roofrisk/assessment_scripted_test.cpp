@@ -1,6 +1,9 @@
 // Assessment polygons: assigning, listing and labelling by script.
 #include "scripted_fixture.h"
 
+#include <array>
+
+#include "base/textnum.h"
 #include "roofrisk/assessment.h"
 
 namespace {
@@ -101,7 +104,12 @@ TEST_F(RoofScript, LabelsSkipBlankIdsAndAutoSizeToThePolygon)
     vorn::ObjectId b = addFeature("0", square(100, 0, 130, 10), 0.0);
     assess(*drawing, a, noneRecord("  M12  "));
     assess(*drawing, b, noneRecord("   "));
-    run("vorn_RFRI_Label", "select all\n0\n");
+    vorn::LayerRecord labels;
+    labels.name = "Labels";
+    vorn::ObjectId labelsId;
+    drawing->addLayer(labels, labelsId);
+    run("vorn_RFRI_Label", "select all\n0\ncheck \"Labels\" on\nok\n");
+    EXPECT_TRUE(shows("[panel \"Select Layer for Labels\" opens"));
     std::vector<vorn::Entity> made = entities();
     ASSERT_EQ(made.size(), 3u);
     const vorn::Text* label = made[2].as<vorn::Text>();
@@ -109,7 +117,62 @@ TEST_F(RoofScript, LabelsSkipBlankIdsAndAutoSizeToThePolygon)
     EXPECT_EQ(label->text, "M12");
     EXPECT_DOUBLE_EQ(label->height, 0.6 * 40 / 3);
     EXPECT_EQ(label->position, (vorn::Point3d{20, 5, 0}));
+    EXPECT_EQ(made[2].common.layer, "Labels");
     EXPECT_TRUE(shows("\nSpecify label size(0 - Auto size) <0>:"));
+}
+
+// A record of twelve values, each written as the panel words it.
+std::vector<std::string> valuedRecord(const std::array<int, 12>& values, const std::string& measurement)
+{
+    std::vector<std::string> texts;
+    for (int value : values) texts.push_back(vorn::formatString("(%d) Some words", value));
+    texts.push_back(measurement);
+    return texts;
+}
+
+TEST_F(RoofScript, MappingHatchesAndNumbersEachAssessedPolygon)
+{
+    vorn::ObjectId none = addFeature("0", square(0, 0, 40, 10), 0.0);
+    vorn::ObjectId worst = addFeature("0", square(100, 0, 140, 10), 0.0);
+    vorn::ObjectId plain = addFeature("0", square(200, 0, 240, 10), 0.0);
+    assess(*drawing, none, noneRecord("A"));                                                       // 16
+    assess(*drawing, worst, valuedRecord({5, 5, 5, 5, 5, 5, 5, 5, 5, 5, 25, 30}, "B"));           // 138
+    assess(*drawing, plain, valuedRecord({3, 3, 3, 3, 3, 3, 3, 3, 3, 3, 0, 0}, "   "));          // 49
+    EXPECT_EQ(run("vorn_RFRI_Mapping", "select all\nok\nNo\n"), 0);
+    // The legend range of indices 16 to 138.
+    EXPECT_TRUE(shows(fieldNote("Minimum:", "15")));
+    EXPECT_TRUE(shows(fieldNote("Maximum:", "140")));
+    EXPECT_TRUE(shows("\n3 defects are processed."));
+    std::vector<vorn::Entity> made = entities();
+    ASSERT_EQ(made.size(), 9u);
+    std::vector<std::string> labels;
+    std::vector<int> colors;
+    for (const vorn::Entity& entity : made) {
+        if (const vorn::Text* label = entity.as<vorn::Text>()) labels.push_back(label->text);
+        if (entity.as<vorn::Hatch>()) colors.push_back(entity.common.colorIndex);
+    }
+    EXPECT_EQ(labels, (std::vector<std::string>{"16", "138", "49"}));
+    ASSERT_EQ(colors.size(), 3u);
+    EXPECT_NE(colors[0], colors[1]);
+}
+
+TEST_F(RoofScript, MappingCancelledDrawsNothingButCounts)
+{
+    vorn::ObjectId a = addFeature("0", square(0, 0, 40, 10), 0.0);
+    assess(*drawing, a, noneRecord("A"));
+    EXPECT_EQ(run("vorn_RFRI_Mapping", "select all\ncancel\n"), 0);
+    EXPECT_TRUE(shows("\n1 defects are processed."));
+    EXPECT_EQ(entities().size(), 1u);
+}
+
+TEST_F(RoofScript, MappingWithoutValidRecordsSaysSo)
+{
+    vorn::ObjectId a = addFeature("0", square(0, 0, 40, 10), 0.0);
+    std::vector<std::string> longRecord = noneRecord("A");
+    longRecord.push_back("extra");
+    assess(*drawing, a, longRecord);
+    EXPECT_EQ(run("vorn_RFRI_Mapping", "select all\n"), 0);
+    EXPECT_TRUE(shows("\nNo RFRI Data present."));
 }
 
 }  // namespace

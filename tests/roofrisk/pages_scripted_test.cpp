@@ -14,9 +14,12 @@ std::string makeAndSave(const std::string& page)
 
 TEST_F(RoofScript, MakeGridWithoutFeaturesLeavesNothingToSave)
 {
-    EXPECT_EQ(run("vorn_RFRI_Draw", "tab \"Angular Discontinuities\"\npress \"Make Grid\"\n<enter>\n"
+    EXPECT_EQ(run("vorn_RFRI_Draw", "tab \"Angular Discontinuities\"\npress \"Edit Grid\"\nbox ok\n"
+                                    "press \"Make Grid\"\n<enter>\npress \"Edit Grid\"\nbox ok\n"
                                     "press \"Save Grid\"\nbox ok\nok\n"),
               0);
+    EXPECT_TRUE(shows("The Grid needs to be defined and built before editing!"));
+    EXPECT_TRUE(shows("Grid needs to be built before editing! -> OK"));
     EXPECT_TRUE(shows("[panel \"Draw the Defects for the RFRI\" opens, tab \"Grid Dimension\""));
     EXPECT_TRUE(shows("\nTotal number of features found: 0 in Layers: RFRI_AngDisc"));
     EXPECT_TRUE(shows("\n <Enter> key to Quit ..."));
@@ -68,7 +71,13 @@ TEST_F(RoofScript, OverwritePageLetsTheLaterFeatureWin)
 TEST_F(RoofScript, LinePageReachesCellsAtExactlyTheReach)
 {
     addFeature("RFRI_AngDisc", {{0, 55}, {100, 55}}, 3.0, false);  // level 3, reach 30
-    EXPECT_EQ(run("vorn_RFRI_Draw", makeAndSave("Angular Discontinuities")), 0);
+    EXPECT_EQ(run("vorn_RFRI_Draw", "tab \"Angular Discontinuities\"\npress \"View Grid\"\npress \"Make Grid\"\n"
+                                    "<enter>\npress \"View Grid\"\n<enter>\npress \"Save Grid\"\nbox ok\nok\n"),
+              0);
+    // The preview plots the grid and waits; before a grid exists it does nothing.
+    const std::string viewed = "press \"View Grid\"]\n[panel \"Draw the Defects for the RFRI\" hidden]";
+    EXPECT_EQ(text.find(viewed), text.rfind(viewed));
+    EXPECT_NE(text.find(viewed + "\n\n <Enter> key to continue ..."), std::string::npos);
     myGrid grid = gridFile("RFRI_AngDisc.grd");
     for (int j = 0; j < 10; ++j) EXPECT_EQ(grid.getValue(4, j), (j >= 2 && j <= 8) ? 3.0 : 1.0) << j;
 }
