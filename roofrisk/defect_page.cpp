@@ -1,7 +1,6 @@
 #include "roofrisk/defect_page.h"
 
 #include <algorithm>
-#include <cstdio>
 
 #include "base/report.h"
 #include "base/textnum.h"
@@ -17,18 +16,11 @@
 #include "grid/grideditor.h"
 #include "roofrisk/defect_raster.h"
 #include "roofrisk/grid_views.h"
+#include "roofrisk/rfri_calculation.h"
 
 namespace vorn::rfri {
 
 namespace {
-
-bool fileExists(const std::string& path)
-{
-    std::FILE* file = std::fopen(path.c_str(), "rb");
-    if (!file) return false;
-    std::fclose(file);
-    return true;
-}
 
 std::vector<Point2d> toPoints2d(const std::vector<Point2>& points)
 {
@@ -153,7 +145,7 @@ void CRFRIDefectPage::OnInitDialog()
     copyFromFrame();
     setCombo(levelIndex);
     std::string path = inDrawingFolder(gridFile);
-    if (fileExists(path) && grid.readGrd(path)) {
+    if (canOpenForReading(path) && grid.readGrd(path)) {
         built = true;
         saved = true;
         acutPrintf("\nFile %s was successfully read into the grid", path.c_str());

@@ -13,14 +13,6 @@ namespace {
 
 constexpr const char* kNoBaseMessage = "\nYou need to build RFRI grids before running this command";
 
-bool canOpen(const std::string& path)
-{
-    std::FILE* file = std::fopen(path.c_str(), "rb");
-    if (!file) return false;
-    std::fclose(file);
-    return true;
-}
-
 // The weight of each factor in the sum, and the meter after its step.
 // Factor 2 joins factor 1 in the first step.
 constexpr double kWeights[kFactorCount] = {1, 1, 1, 2, 2, 2, 2, 2, 1, 1, 1, 1};
@@ -30,6 +22,16 @@ constexpr int kScaledThrough = 9;
 constexpr double kScale = 1.11;
 
 }  // namespace
+
+bool canOpenForReading(const std::string& path)
+{
+    std::error_code error;
+    if (!std::filesystem::is_regular_file(path, error)) return false;
+    std::FILE* file = std::fopen(path.c_str(), "rb");
+    if (!file) return false;
+    std::fclose(file);
+    return true;
+}
 
 CRFRICalculation::CRFRICalculation(std::string folder) : folder_(std::move(folder))
 {
@@ -78,7 +80,7 @@ void CRFRICalculation::scanFiles()
 {
     for (CalcRow& row : rows) {
         std::string path = pathOf(row.gridFile);
-        row.found = canOpen(path);
+        row.found = canOpenForReading(path);
         if (!row.found || !workGrid.readGrd(path)) {
             row.valid = false;
             continue;

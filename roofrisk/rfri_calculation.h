@@ -12,6 +12,9 @@
 
 namespace vorn::rfri {
 
+// True for a regular file that can be opened for reading.
+bool canOpenForReading(const std::string& path);
+
 struct CalcRow {
     std::string gridFile;  // bare file name
     bool found = false;    // the file could be opened
