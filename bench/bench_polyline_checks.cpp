@@ -1,6 +1,7 @@
-// The overlap, duplicate and contour checks on a plan of pillars: whole
-// commands run in the stand-alone host on 20 000 pillars, and the pair scans
-// against the plain quadratic loops they replace on smaller plans.
+// The overlap and duplicate checks on a plan of pillars and the join of
+// entry segments: whole commands run in the stand-alone host on 20 000
+// polylines, and the pair scans against the plain quadratic loops they
+// replace on smaller plans.
 #include <benchmark/benchmark.h>
 
 #include <cmath>
@@ -9,6 +10,7 @@
 #include "drawing/entity_geometry.h"
 #include "drawing/platform.h"
 #include "drawing/polygon.h"
+#include "drawing/polyline_join.h"
 #include "drawing/polyline_scan.h"
 #include "host/docs_session.h"
 
@@ -51,13 +53,31 @@ std::unique_ptr<host::HostDatabase> pillarDrawing(int count)
     return db;
 }
 
-// One command on a new drawing of pillars, answered by the script.
-void runCommand(benchmark::State& state, const char* command, const char* script)
+// Entries as open two-vertex segments: chains of 10 along rows of a
+// lattice, appended in a scattered order.
+std::unique_ptr<host::HostDatabase> entryDrawing(int count)
+{
+    auto db = std::make_unique<host::HostDatabase>();
+    const int chains = count / 10;
+    for (int k = 0; k < count; ++k) {
+        int chain = (k * 7919) % chains, step = k % 10;
+        double x = 512000.0 + step * kPitch, y = 4210000.0 + chain * kPitch;
+        Entity e;
+        e.shape = LwPolyline{{{{x, y}}, {{x + kPitch, y}}}, false, 0.0, 0.0};
+        ObjectId id;
+        db->appendToModelSpace(e, id);
+    }
+    return db;
+}
+
+// One command on a new drawing, answered by the script.
+void runCommand(benchmark::State& state, const char* command, const char* script,
+                std::unique_ptr<host::HostDatabase> (*drawing)(int) = pillarDrawing)
 {
     int count = static_cast<int>(state.range(0));
     for (auto _ : state) {
         state.PauseTiming();
-        AppSession app(pillarDrawing(count), "");
+        AppSession app(drawing(count), "");
         SessionOptions options;
         options.answering = SessionOptions::Answering::Script;
         options.scriptText = script;
@@ -73,6 +93,11 @@ void runCommand(benchmark::State& state, const char* command, const char* script
 
 void BM_CheckOverlapsCommand(benchmark::State& state) { runCommand(state, "vorn_checkOverlaps", "select all\n<enter>\n<enter>\n"); }
 void BM_CheckDuplicatesCommand(benchmark::State& state) { runCommand(state, "vorn_checkDuplicates", "select all\n<enter>\n"); }
+void BM_JoinPolylinesCommand(benchmark::State& state)
+{
+    runCommand(state, "vorn_joinPolylines", "select all\nYes\n<enter>\n", entryDrawing);
+}
+BENCHMARK(BM_JoinPolylinesCommand)->Arg(2000)->Arg(20000)->Unit(benchmark::kMillisecond)->Iterations(1);
 BENCHMARK(BM_CheckOverlapsCommand)->Arg(2000)->Arg(20000)->Unit(benchmark::kMillisecond)->Iterations(1);
 BENCHMARK(BM_CheckDuplicatesCommand)->Arg(2000)->Arg(20000)->Unit(benchmark::kMillisecond)->Iterations(1);
 
@@ -136,6 +161,42 @@ void BM_DuplicateScan(benchmark::State& state) { duplicateScan(state, false); }
 void BM_DuplicatePlainLoop(benchmark::State& state) { duplicateScan(state, true); }
 BENCHMARK(BM_DuplicateScan)->Arg(2000)->Arg(20000)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_DuplicatePlainLoop)->Arg(200)->Arg(400)->Unit(benchmark::kMillisecond);
+
+// The join as first written, every remaining polyline read against each
+// seed, on the same entries.
+void BM_JoinPlainLoop(benchmark::State& state)
+{
+    for (auto _ : state) {
+        state.PauseTiming();
+        auto db = entryDrawing(static_cast<int>(state.range(0)));
+        ScopedPlatform installed(Platform{db.get(), nullptr, nullptr, nullptr});
+        std::vector<ObjectId> ids = db->modelSpace();
+        state.ResumeTiming();
+        while (ids.size() > 1) {
+            ObjectId seedId = ids.front();
+            ids.erase(ids.begin());
+            Entity seed;
+            db->readEntity(seedId, seed);
+            bool grew = false;
+            for (size_t k = 0; k < ids.size();) {
+                Entity other;
+                db->readEntity(ids[k], other);
+                int mode = matchPolylineEnds(*seed.as<LwPolyline>(), *other.as<LwPolyline>());
+                if (mode < 0 || db->erase(ids[k]) != eOk) {
+                    ++k;
+                    continue;
+                }
+                appendPolyline(*seed.as<LwPolyline>(), *other.as<LwPolyline>(), mode);
+                ids.erase(ids.begin() + static_cast<std::ptrdiff_t>(k));
+                grew = true;
+            }
+            if (!grew) continue;
+            db->writeEntity(seed);
+            ids.insert(ids.begin(), seedId);
+        }
+    }
+}
+BENCHMARK(BM_JoinPlainLoop)->Arg(2000)->Arg(20000)->Unit(benchmark::kMillisecond)->Iterations(1);
 
 }  // namespace
 

@@ -79,7 +79,10 @@ std::vector<PairFinding> findOverlaps(const std::vector<std::vector<Point2d>>& p
         convexHull(points, hull);
         PairFinding finding{a, {}};
         bool stop = false;
-        for (std::size_t b : candidates.after(a, polygons.size(), !boxes[a].isEmpty())) {
+        // A hull of fewer than 3 points clips nothing.
+        std::vector<std::size_t> later;
+        if (hull.size() >= 3) later = candidates.after(a, polygons.size(), true);
+        for (std::size_t b : later) {
             if (overlapArea(hull, polygons[b]) > kOverlapTolerance) {
                 listed[a] = listed[b] = true;
                 finding.partners.push_back(b);

@@ -13,9 +13,8 @@
 
 class CSelectLayerDlg : public vorn::Panel {
 public:
-    // The resource's title; the caption given at run time replaces it.
-    static constexpr const char* kResourceTitle = "Layer Selection";
-
+    // The caption given at run time stands in for the resource's title
+    // "Layer Selection".
     explicit CSelectLayerDlg(std::string caption = "Select Layers") : caption_(std::move(caption)) {}
 
     struct Row {
