@@ -279,6 +279,9 @@ bool placeLabel(ObjectId id, const std::string& text, double height, const std::
     Text label;
     label.position = {(low.x + high.x) / 2.0, (low.y + high.y) / 2.0, (low.z + high.z) / 2.0};
     label.text = text;
+    label.horizontalMode = 1;
+    label.verticalMode = 2;
+    label.alignment = label.position;
     label.height = height > 1e-10 ? height : 0.6 * (high.x - low.x) / static_cast<double>(text.size());
     Entity made{{}, label};
     made.common.layer = layer.empty() ? database()->currentLayer() : layer;

@@ -118,6 +118,19 @@ TEST_F(RoofScript, LabelsSkipBlankIdsAndAutoSizeToThePolygon)
     EXPECT_DOUBLE_EQ(label->height, 0.6 * 40 / 3);
     EXPECT_EQ(label->position, (vorn::Point3d{20, 5, 0}));
     EXPECT_EQ(made[2].common.layer, "Labels");
+    // Centred on that point, also in the saved drawing.
+    EXPECT_EQ(label->horizontalMode, 1);
+    EXPECT_EQ(label->verticalMode, 2);
+    EXPECT_EQ(label->alignment, label->position);
+    std::string error;
+    const std::string path = (dir / "labels.dxf").string();
+    ASSERT_TRUE(vorn::saveDrawing(*db, path, error)) << error;
+    std::unique_ptr<vorn::host::HostDatabase> reopened = vorn::openDrawing(path, error);
+    ASSERT_TRUE(reopened) << error;
+    vorn::Entity saved;
+    reopened->readEntity(reopened->modelSpace()[2], saved);
+    ASSERT_TRUE(saved.as<vorn::Text>());
+    EXPECT_EQ(*saved.as<vorn::Text>(), *label);
     EXPECT_TRUE(shows("\nSpecify label size(0 - Auto size) <0>:"));
 }
 
