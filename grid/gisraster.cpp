@@ -31,6 +31,8 @@ void registerDrivers()
     static const bool registered = [] {
         // No side files: what a format cannot keep is not kept.
         CPLSetConfigOption("GDAL_PAM_ENABLED", "NO");
+        // ESRI ASCII grids are read as doubles, not the driver's floats.
+        CPLSetConfigOption("AAIGRID_DATATYPE", "Float64");
         GDALAllRegister();
         CPLSetErrorHandler(CPLQuietErrorHandler);
         return true;
