@@ -83,6 +83,9 @@ int gridConvert(const std::string& input, const std::string& output, const std::
         std::fprintf(stderr, "vornmark: %s: %s\n", output.c_str(), error.c_str());
         return kExitFailure;
     }
+    if (toGrd && grid.getRotation() != 0.0)
+        std::fprintf(stderr, "vornmark: %s: a .grd file keeps no rotation: the lattice is written unrotated\n",
+                     output.c_str());
     if (!toGrd) {
         std::fprintf(stderr, "vornmark: %s: a .top file keeps the cells only: %s are not kept\n", output.c_str(),
                      topLosses(grid).c_str());

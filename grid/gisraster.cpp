@@ -19,8 +19,6 @@ namespace vorn {
 
 namespace {
 
-constexpr double kPi = 3.14159265358979323846;
-
 struct GdalDatasetCloser {
     void operator()(GDALDataset* dataset) const { GDALClose(dataset); }
 };
@@ -139,7 +137,8 @@ bool readRaster(const std::string& path, myGrid& grid, std::string& error)
     const double dx = std::hypot(transform[1], transform[4]);
     const double dy = std::hypot(transform[2], transform[5]);
     const double rotation = std::atan2(transform[4], transform[1]);
-    if (!grid.setup(columns - 1, rows - 1, dx, dy, rotation * 180.0 / kPi)) {
+    // In degrees by the grid's own pi, so that setup gives back these radians.
+    if (!grid.setup(columns - 1, rows - 1, dx, dy, rotation * 180.0 / kGridPi)) {
         error = "the pixel size or count gives no grid";
         return false;
     }
