@@ -48,4 +48,6 @@ echo "-- the saved drawing keeps the definition in its dictionary:"
 echo "-- and in the profile ($VORNMARK_PROFILE):"
 cat "$VORNMARK_PROFILE"
 echo
+"$HERE/pictures/demo.sh" "$VORNMARK" "$OUT"
+echo
 echo "Results are in $OUT"
