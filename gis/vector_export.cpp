@@ -115,7 +115,8 @@ Feature featureOf(const Entity& entity)
 
 int resolvedColor(const Entity& entity, const std::map<std::string, int>& layerColors)
 {
-    if (entity.common.colorIndex != kColorByLayer) return entity.common.colorIndex;
+    if (entity.common.colorIndex != kColorByLayer && entity.common.colorIndex != kColorByBlock)
+        return entity.common.colorIndex;
     auto found = layerColors.find(toLower(entity.common.layer));
     return found == layerColors.end() ? 7 : std::abs(found->second);
 }
@@ -204,19 +205,33 @@ bool exportVectors(const std::vector<Entity>& entities, const std::vector<LayerR
 
     const bool shapefiles = driverName == "ESRI Shapefile";
     const bool mixed = driverName == "GeoJSON";
-    std::vector<std::string> files{path};
+    // A GeoPackage or GeoJSON file is made under a temporary name beside the
+    // target and renamed over it when complete; a shapefile set (three
+    // files, each with its siblings) is written in place and removed again
+    // when the export fails.
+    namespace fs = std::filesystem;
+    const fs::path output(path);
+    const std::string temporary =
+        (output.parent_path() / ("." + output.stem().string() + ".part" + output.extension().string())).string();
+    std::vector<std::string> files{shapefiles ? path : temporary};
     if (shapefiles) files = {path, siblingShapefile(path, "_lines"), siblingShapefile(path, "_points")};
     std::vector<DatasetPtr> datasets;
+    auto fail = [&](const std::string& cause) {
+        error = cause.empty() ? "the file could not be written" : cause;
+        datasets.clear();
+        for (const std::string& file : files) driver->Delete(file.c_str());
+        return false;
+    };
     CPLErrorReset();
     for (const std::string& file : files) {
-        driver->Delete(file.c_str());
+        VSIStatBufL stat;
+        if (VSIStatL(file.c_str(), &stat) == 0) driver->Delete(file.c_str());
         datasets.emplace_back(driver->Create(file.c_str(), 0, 0, 0, GDT_Unknown, nullptr));
         if (!datasets.back()) {
-            error = CPLGetLastErrorMsg();
-            if (error.empty()) error = "the file could not be created";
-            return false;
+            datasets.pop_back();
+            files.resize(datasets.size());
+            return fail(CPLGetLastErrorMsg());
         }
-        if (!shapefiles) break;
     }
     OGRLayer* targets[3] = {};
     const char* names[3] = {"polygons", "lines", "points"};
@@ -228,10 +243,7 @@ bool exportVectors(const std::vector<Entity>& entities, const std::vector<LayerR
             continue;
         }
         targets[k] = createLayer(dataset, mixed ? "drawing" : names[k], mixed ? wkbUnknown : types[k]);
-        if (!targets[k]) {
-            error = "the layer could not be created";
-            return false;
-        }
+        if (!targets[k]) return fail("the layer could not be created");
     }
     counts = {};
     for (const Entity& entity : entities) {
@@ -252,15 +264,16 @@ bool exportVectors(const std::vector<Entity>& entities, const std::vector<LayerR
             feature.geometry = std::move(multi);
         }
         row.SetGeometryDirectly(feature.geometry.release());
-        if (target->CreateFeature(&row) != OGRERR_NONE) {
-            error = CPLGetLastErrorMsg();
-            return false;
-        }
+        if (target->CreateFeature(&row) != OGRERR_NONE) return fail(CPLGetLastErrorMsg());
         ++(feature.kind == Kind::Polygon ? counts.polygons : feature.kind == Kind::Line ? counts.lines : counts.points);
     }
-    for (auto& dataset : datasets) {
-        dataset.reset();
-    }
+    CPLErrorReset();
+    datasets.clear();  // closing writes what is left
+    if (CPLGetLastErrorType() >= CE_Failure) return fail(CPLGetLastErrorMsg());
+    if (shapefiles) return true;
+    std::error_code failure;
+    fs::rename(temporary, path, failure);
+    if (failure) return fail(failure.message());
     return true;
 }
 

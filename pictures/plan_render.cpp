@@ -1,5 +1,6 @@
 #include "pictures/plan_render.h"
 
+#include <algorithm>
 #include <cmath>
 #include <map>
 
@@ -109,27 +110,60 @@ void drawCorners(const Picture& p, const Point3d corners[4], bool solid)
     solid ? cairo_fill(p.cr()) : cairo_stroke(p.cr());
 }
 
-void drawMline(const Picture& p, const Mline& mline, const std::vector<MlineStyle>& styles)
+// The elements' offsets from the vertices: the style's (STANDARD's +0.5 and
+// -0.5 when the style is unknown), moved by the justification (0 top: the
+// vertices on the highest element, 1 zero, 2 bottom: on the lowest) and scaled.
+std::vector<double> mlineOffsets(const Mline& mline, const std::vector<MlineStyle>& styles)
 {
-    // The elements' offsets across the line, scaled; the style's own when known.
     std::vector<double> offsets{0.5, -0.5};
     for (const MlineStyle& style : styles) {
         if (!iequals(style.name, mline.styleName) || style.elements.empty()) continue;
         offsets.clear();
         for (const MlineStyleElement& element : style.elements) offsets.push_back(element.offset);
+        break;
     }
-    const size_t n = mline.vertices.size();
-    if (n < 2) return;
-    for (double offset : offsets) {
+    const auto [low, high] = std::minmax_element(offsets.begin(), offsets.end());
+    const double shift = mline.justification == 0 ? *high : mline.justification == 2 ? *low : 0.0;
+    for (double& offset : offsets) offset = (offset - shift) * mline.scale;
+    return offsets;
+}
+
+Point2d unitOf(double x, double y)
+{
+    double length = std::hypot(x, y);
+    return length > 0.0 ? Point2d{x / length, y / length} : Point2d{1.0, 0.0};
+}
+
+// At each vertex the way across the line for an offset of 1: the left
+// normal at the ends, the bisector of the corner, lengthened to keep the
+// offset square to both segments, between them.
+std::vector<Point2d> mlineMiters(const Mline& mline)
+{
+    const auto& v = mline.vertices;
+    const size_t n = v.size();
+    std::vector<Point2d> miters(n);
+    for (size_t k = 0; k < n; ++k) {
+        const Point3d& next = v[(k + 1) % n];
+        const Point3d& prev = v[(k + n - 1) % n];
+        const bool hasNext = k + 1 < n || mline.closed, hasPrev = k > 0 || mline.closed;
+        Point2d out = hasNext ? unitOf(next.x - v[k].x, next.y - v[k].y) : unitOf(v[k].x - prev.x, v[k].y - prev.y);
+        Point2d in = hasPrev ? unitOf(v[k].x - prev.x, v[k].y - prev.y) : out;
+        Point2d left{-out.y, out.x};
+        Point2d miter = unitOf(left.x - in.y, left.y + in.x);
+        double along = miter.x * left.x + miter.y * left.y;
+        miters[k] = along > 1e-6 ? Point2d{miter.x / along, miter.y / along} : left;
+    }
+    return miters;
+}
+
+void drawMline(const Picture& p, const Mline& mline, const std::vector<MlineStyle>& styles)
+{
+    if (mline.vertices.size() < 2) return;
+    const std::vector<Point2d> miters = mlineMiters(mline);
+    for (double offset : mlineOffsets(mline, styles)) {
         std::vector<Point2d> line;
-        for (size_t k = 0; k < n; ++k) {
-            const Point3d& a = mline.vertices[k == 0 ? 0 : k - 1];
-            const Point3d& b = mline.vertices[k == 0 ? 1 : k];
-            double dx = b.x - a.x, dy = b.y - a.y, length = std::hypot(dx, dy);
-            if (length == 0.0) continue;
-            double shift = offset * mline.scale;
-            line.push_back({mline.vertices[k].x - dy / length * shift, mline.vertices[k].y + dx / length * shift});
-        }
+        for (size_t k = 0; k < mline.vertices.size(); ++k)
+            line.push_back({mline.vertices[k].x + miters[k].x * offset, mline.vertices[k].y + miters[k].y * offset});
         cairo_new_path(p.cr());
         tracePoints(p, line, mline.closed);
         cairo_stroke(p.cr());

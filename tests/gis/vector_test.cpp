@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <iterator>
 #include <memory>
 
 #include <gdal_priv.h>
@@ -127,6 +128,12 @@ TEST_F(Vectors, HatchedMapOpensInGeoPackageWithItsClasses)
     EXPECT_EQ(line->GetGeometryRef()->toLineString()->getNumPoints(), 3);
     ASSERT_TRUE(dataset->GetLayerByName("points"));
     EXPECT_EQ(dataset->GetLayerByName("points")->GetFeatureCount(), 1);
+    dataset.reset();
+
+    // Written again over the old file, through a temporary name that goes.
+    ASSERT_TRUE(vorn::exportVectors(stabilityMap(), mapLayers(), {"FAIR"}, path("map.gpkg"), counts, error)) << error;
+    EXPECT_EQ(openVector(path("map.gpkg"))->GetLayerByName("polygons")->GetFeatureCount(), 1);
+    EXPECT_EQ(std::distance(fs::directory_iterator(dir), fs::directory_iterator()), 1);
 }
 
 TEST_F(Vectors, LayersFilterAndOtherFormats)

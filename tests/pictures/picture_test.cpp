@@ -114,7 +114,13 @@ PlanContent samplePlan()
     plan.entities.push_back(on("0", 7, text));
     Mline mline;  // style unknown: elements at +0.5 and -0.5 of the scale
     mline.scale = 10;
+    mline.justification = 1;
     mline.vertices = {{10, 80, 0}, {40, 80, 0}};
+    plan.entities.push_back(on("0", 7, mline));
+    // Top justification: the elements at 0 and -10, turning a right angle
+    // at (90, 40) down to (90, 0).
+    mline.justification = 0;
+    mline.vertices = {{70, 40, 0}, {90, 40, 0}, {90, 0, 0}};
     plan.entities.push_back(on("0", 7, mline));
     return plan;
 }
@@ -143,7 +149,7 @@ TEST_F(Pictures, PlanShowsEntitiesInTheirColoursAtTheirPlaces)
         Pixel expected;
     };
     const Probe probes[] = {
-        {"pillar by layer", 120, 420, kRed},     {"pillar corner", 72, 468, kRed},
+        {"pillar by layer", 120, 420, kRed},     {"pillar left edge", 75, 420, kRed},
         {"hatch", 295, 245, kGreen},            {"hatch hole", 370, 170, kWhite},
         {"layer off", 320, 420, kWhite},        {"mline axis", 145, 120, kWhite},
     };
@@ -152,6 +158,14 @@ TEST_F(Pictures, PlanShowsEntitiesInTheirColoursAtTheirPlaces)
     EXPECT_GT(png.inked(140, 94, 150, 96), 0);
     EXPECT_GT(png.inked(140, 144, 150, 146), 0);
     EXPECT_EQ(png.inked(140, 100, 150, 140), 0);
+    // The turned one: outer element through the vertices, the inner one 10
+    // inside, meeting at the mitred corner (80, 30) = pixel (420, 370).
+    EXPECT_GT(png.inked(395, 318, 405, 322), 0);
+    EXPECT_GT(png.inked(395, 368, 405, 372), 0);
+    EXPECT_GT(png.inked(418, 395, 422, 405), 0);
+    EXPECT_GT(png.inked(468, 395, 472, 405), 0);
+    EXPECT_EQ(png.inked(425, 325, 465, 365), 0);
+    EXPECT_EQ(png.inked(375, 375, 415, 415), 0) << "no element beyond the inner corner";
     // Text at world (10, 60) = pixel (70, 220), turned a quarter: it runs up
     // with its glyphs to the left of the insertion point.
     EXPECT_GT(png.inked(50, 120, 69, 215), 200);
