@@ -1,5 +1,6 @@
-// `vornmark grid info FILE`, `vornmark grid convert INPUT OUTPUT`, and the
-// batch forms of the grid workbench: `grid plot` and `grid stats`.
+// `vornmark grid info FILE`, `vornmark grid convert INPUT OUTPUT` (GIS
+// rasters included), and the batch forms of the grid workbench: `grid plot`
+// and `grid stats`.
 #include <algorithm>
 #include <cstdio>
 #include <memory>
@@ -10,6 +11,7 @@
 #include "app/commands.h"
 #include "base/report.h"
 #include "grid/grid.h"
+#include "grid/gisraster.h"
 #include "grid/gridfiles.h"
 #include "grid/gridplot.h"
 #include "grid/gridutility.h"
@@ -18,11 +20,12 @@
 namespace vorn::app {
 namespace {
 
-// Reads a grid file chosen by its name; on failure adds the line that
+// Reads a grid file: a GIS raster (GeoTIFF, ESRI ASCII, Surfer), else the
+// system's own reader chosen by the name; on failure adds the line that
 // names the file and the cause.
 bool readGridFile(myGrid& grid, const std::string& path)
 {
-    if (readGridByName(grid, path, 1)) return true;
+    if (readAnyGrid(grid, path)) return true;
     finishTerminalLine();
     explainReadFailure(path, "a grid file");
     return false;
@@ -59,19 +62,41 @@ std::string topLosses(const myGrid& grid)
     return text;
 }
 
-int gridConvert(const std::string& input, const std::string& output)
+// The format an output asks for: a GIS raster by its extension or by
+// --format for a Surfer .grd; None for the system's own .grd and .top.
+RasterFormat outputFormat(const std::string& output, const std::string& format)
 {
-    bool toGrd = hasExtension(output, ".grd");
-    if (!toGrd && !hasExtension(output, ".top")) throw UsageError{"the output must end in .grd or .top: " + output};
+    if (format.empty()) return rasterFormatOfName(output);
+    RasterFormat surfer = surferFormatNamed(format);
+    if (surfer == RasterFormat::None) throw UsageError{"--format takes surfer-text, surfer-binary or surfer7"};
+    if (!hasExtension(output, ".grd")) throw UsageError{"a Surfer grid is written to a .grd file: " + output};
+    return surfer;
+}
+
+int gridConvert(const std::string& input, const std::string& output, const std::string& format)
+{
+    RasterFormat raster = outputFormat(output, format);
+    bool toGrd = raster == RasterFormat::None && hasExtension(output, ".grd");
+    if (raster == RasterFormat::None && !toGrd && !hasExtension(output, ".top"))
+        throw UsageError{"the output must end in .grd, .top, .tif or .asc: " + output};
     if (isElementFile(input))
         throw UsageError{"an element file holds several items and steps: vornmark transfer " + input +
                          " --list shows them, --step S --item K OUTPUT.grd converts one"};
     myGrid grid;
     if (!readGridFile(grid, input)) return kExitFailure;
+    if (raster != RasterFormat::None) {
+        std::string error;
+        if (writeRaster(grid, output, raster, error)) return kExitOk;
+        std::fprintf(stderr, "vornmark: %s: %s\n", output.c_str(), error.c_str());
+        return kExitFailure;
+    }
+    if (toGrd && grid.getRotation() != 0.0)
+        std::fprintf(stderr, "vornmark: %s: a .grd file keeps no rotation: the lattice is written unrotated\n",
+                     output.c_str());
     if (!toGrd) {
         std::fprintf(stderr, "vornmark: %s: a .top file keeps the cells only: %s are not kept\n", output.c_str(),
                      topLosses(grid).c_str());
-        if (grid.xNum > 2000 || grid.yNum > 2000)
+        if (grid.getXNum() > 2000 || grid.getYNum() > 2000)
             std::fprintf(stderr, "vornmark: %s: more than 2000 cells along an axis: the .top reader will refuse it\n",
                          output.c_str());
     }
@@ -148,6 +173,7 @@ struct GridArgs {
     std::string file;
     std::string input;
     std::string output;
+    std::string format;
     std::string other;
 };
 
@@ -156,14 +182,16 @@ CommandGroup group{20, [](CLI::App& parser, Action& action) {
     CLI::App* grid = parser.add_subcommand("grid", "Describe, convert, plot a grid file or take its statistics");
     grid->require_subcommand(1);
 
-    CLI::App* info = grid->add_subcommand("info", "Read a grid file (.grd, .top, .f*) and describe it");
+    CLI::App* info = grid->add_subcommand("info", "Read a grid file (.grd, .top, .tif, .asc, .f1 ...) and describe it");
     info->add_option("FILE", args->file, "the grid file")->required();
     info->callback([args, &action] { action = [args] { return gridInfo(args->file); }; });
 
-    CLI::App* convert = grid->add_subcommand("convert", "Read a grid file and write it as .grd or .top");
-    convert->add_option("INPUT", args->input, "the grid file to read")->required();
-    convert->add_option("OUTPUT", args->output, "the file to write, ending in .grd or .top")->required();
-    convert->callback([args, &action] { action = [args] { return gridConvert(args->input, args->output); }; });
+    CLI::App* convert = grid->add_subcommand("convert", "Read a grid file and write it in another format");
+    convert->add_option("INPUT", args->input, "the grid file to read (.grd, .top, .tif, .asc, Surfer .grd)")->required();
+    convert->add_option("OUTPUT", args->output, "the file to write: .grd, .top, .tif (GeoTIFF) or .asc (ESRI ASCII)")->required();
+    convert->add_option("--format", args->format, "write the .grd as a Surfer grid instead of the system's own")
+        ->type_name("surfer-text|surfer-binary|surfer7");
+    convert->callback([args, &action] { action = [args] { return gridConvert(args->input, args->output, args->format); }; });
 
     auto plotArgs = std::make_shared<PlotArgs>();
     CLI::App* plot = grid->add_subcommand("plot", "Plot a grid with its default colour table into a DXF drawing");

@@ -54,5 +54,6 @@ bash "$HERE/polylines/demo.sh" "$VORNMARK"
 bash "$HERE/stability/demo.sh" "$VORNMARK" "$OUT"
 bash "$HERE/geology/demo.sh" "$VORNMARK" "$OUT"
 bash "$HERE/areas/demo.sh" "$VORNMARK"
+bash "$HERE/pictures/demo.sh" "$VORNMARK" "$OUT"
 echo
 echo "Results are in $OUT"

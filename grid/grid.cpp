@@ -13,8 +13,6 @@ using vorn::Vector3;
 
 namespace {
 constexpr double kMinCellWidth = 0.0001;
-// The grid's value of pi, as the lattice has always been rotated with it.
-constexpr double kGridPi = 3.1415926;
 
 // The part of v orthogonal to n: v - (v . n) n / (n . n).
 Vector3 orthogonalPart(const Vector3& v, const Vector3& n) { return v - n * (v.dot(n) / n.dot(n)); }

@@ -20,6 +20,10 @@ struct ObjectId;
 
 constexpr double NULL_VALUE = -1e20;
 
+// The grid's value of pi, as the lattice has always been rotated with it:
+// degrees become radians with it and go back with it.
+constexpr double kGridPi = 3.1415926;
+
 // The mark that the writer puts at the end of every .grd file.
 constexpr const char* kGridApplicationMark = "VORN Stability Application";
 

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "host/geometry_curves.h"
+#include "drawing/geometry_curves.h"
 #include "base/textnum.h"
 
 namespace vorn::host {

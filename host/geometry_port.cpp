@@ -3,7 +3,7 @@
 #include <cmath>
 
 #include "host/db_database.h"
-#include "host/geometry_curves.h"
+#include "drawing/geometry_curves.h"
 #include "host/geometry_regions.h"
 
 namespace vorn::host {
@@ -148,7 +148,7 @@ ErrorStatus HostDatabase::intersectInPlan(const Entity& a, const Entity& b, std:
     for (const Segment& s : left) {
         Extents3d box = segmentBox(s);
         for (std::size_t k = 0; k < right.size(); ++k)
-            if (boxesMeet(box, rightBoxes[k])) host::intersectInPlan(s, right[k], found);
+            if (boxesMeet(box, rightBoxes[k])) vorn::intersectInPlan(s, right[k], found);
     }
     for (const Point2d& p : found) {
         bool seen = false;

@@ -9,7 +9,7 @@
 #include <boost/geometry/geometries/polygon.hpp>
 #include <boost/geometry/geometries/multi_polygon.hpp>
 
-#include "host/geometry_curves.h"
+#include "drawing/geometry_curves.h"
 
 namespace bg = boost::geometry;
 

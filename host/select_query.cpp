@@ -5,7 +5,7 @@
 #include <cmath>
 
 #include "host/db_database.h"
-#include "host/geometry_curves.h"
+#include "drawing/geometry_curves.h"
 #include "host/select_filter.h"
 
 namespace vorn::host {

@@ -5,6 +5,7 @@
 #include "base/report.h"
 #include "base/textfile.h"
 #include "base/textnum.h"
+#include "grid/gisraster.h"
 #include "stressmodel/topomodel.h"
 
 namespace {
@@ -68,7 +69,9 @@ bool CTopoStressCommand::loadSurface(const std::string& path)
     // The choice of reader goes by the lower-cased name; the file itself is
     // opened under its own name.
     myGrid surface;
-    bool loaded = vorn::toLower(path).find(".grd") != std::string::npos ? surface.readGrd(path, 1) : surface.readTop(path, 1);
+    bool loaded = vorn::rasterFormatOfFile(path) != vorn::RasterFormat::None ? vorn::readAnyGrid(surface, path)
+                  : vorn::toLower(path).find(".grd") != std::string::npos ? surface.readGrd(path, 1)
+                                                                          : surface.readTop(path, 1);
     if (!loaded) {
         AfxMessageBox("Grid file read failed! ");
         return false;
@@ -187,8 +190,10 @@ int CTopoStressCommand::run()
         acutPrintf("\ngrid file name is missing!");
         return 1;
     }
+    // A GIS raster (a surveyed DEM as GeoTIFF, say) is read through GDAL.
     myGrid surface;
-    if (!surface.readGrd(topoPath, 1)) {
+    bool gis = vorn::rasterFormatOfFile(topoPath) != vorn::RasterFormat::None;
+    if (!(gis ? vorn::readAnyGrid(surface, topoPath) : surface.readGrd(topoPath, 1))) {
         acutPrintf("\ntopo grid file wrong!");
         return 1;
     }

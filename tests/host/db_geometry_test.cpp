@@ -5,7 +5,7 @@
 #include <gtest/gtest.h>
 
 #include "host/db_database.h"
-#include "host/geometry_curves.h"
+#include "drawing/geometry_curves.h"
 
 namespace vorn::host {
 namespace {

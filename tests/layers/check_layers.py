@@ -2,7 +2,8 @@
 """Fails when a source file includes a header from a layer above its own.
 
 Layers, bottom up: base < drawing < grid < shell < the subsystems
-(generators, stressmodel, index, roofrisk; these do not include each other)
+(generators, stressmodel, index, roofrisk, pictures, gis; these do not
+include each other)
 < commands < host < app. Tests and benchmarks may include anything.
 """
 import os
@@ -10,7 +11,7 @@ import re
 import sys
 
 LEVEL = {"base": 0, "drawing": 1, "grid": 2, "shell": 3,
-         "generators": 4, "stressmodel": 4, "index": 4, "roofrisk": 4,
+         "generators": 4, "stressmodel": 4, "index": 4, "roofrisk": 4, "pictures": 4, "gis": 4,
          "commands": 5, "host": 6, "app": 7}
 INCLUDE = re.compile(r'\s*#\s*include\s+"([^/"]+)/')
 

@@ -1,4 +1,4 @@
-// Curve geometry of the stand-alone host: every curve kind as a path of
+// Curve geometry of drawing entities: every curve kind as a path of
 // straight and circular segments in plan (z runs linearly along each
 // segment), with lengths, points along, closest points, intersections,
 // extents, areas and flattened outlines.
@@ -8,7 +8,7 @@
 
 #include "drawing/entity_types.h"
 
-namespace vorn::host {
+namespace vorn {
 
 // A segment from a to b; a non-zero bulge makes it a circular arc in plan
 // (bulge = tan(sweep / 4), positive counter-clockwise).
@@ -69,4 +69,4 @@ bool entityExtents(const Entity& entity, Extents3d& out);
 // Signed area of a ring (counter-clockwise positive).
 double ringArea(const std::vector<Point2d>& ring);
 
-}  // namespace vorn::host
+}  // namespace vorn

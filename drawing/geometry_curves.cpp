@@ -1,10 +1,10 @@
-#include "host/geometry_curves.h"
+#include "drawing/geometry_curves.h"
 
 #include <algorithm>
 #include <cmath>
 #include <numbers>
 
-namespace vorn::host {
+namespace vorn {
 
 namespace {
 
@@ -412,4 +412,4 @@ double ringArea(const std::vector<Point2d>& ring)
     return twice / 2.0;
 }
 
-}  // namespace vorn::host
+}  // namespace vorn
