@@ -3,16 +3,19 @@
 
 BUILD      ?= build
 ASAN_BUILD ?= build-asan
+FUZZ_BUILD ?= build-fuzz
+FUZZ_SECONDS ?= 60
 JOBS       ?= $(shell nproc)
 DEB_PACKAGES = cmake make g++ libgtest-dev libgmock-dev libbenchmark-dev \
-               libcli11-dev libboost-dev python3-ezdxf
+               libcli11-dev libboost-dev python3-ezdxf gdal-bin
+FUZZ_PACKAGES = clang
 
-.PHONY: all deps configure build test demo sanitize bench clean
+.PHONY: all deps configure build test demo sanitize bench fuzz clean
 
 all: build
 
 deps:
-	@missing=""; for p in $(DEB_PACKAGES); do \
+	@missing=""; for p in $(DEB_PACKAGES) $(EXTRA_PACKAGES); do \
 	  dpkg -s $$p >/dev/null 2>&1 || missing="$$missing $$p"; done; \
 	if [ -n "$$missing" ]; then \
 	  echo "Installing:$$missing"; \
@@ -38,8 +41,18 @@ sanitize: deps
 	cmake --build $(ASAN_BUILD) -j $(JOBS)
 	cd $(ASAN_BUILD) && ctest --output-on-failure -j $(JOBS)
 
+# Each reader's libFuzzer target for FUZZ_SECONDS, one after the other. The
+# corpus grows in $(FUZZ_BUILD)/corpus/<reader> from the seeds in
+# fuzz/seeds/<reader>; an input that crashes, hangs or runs out of memory is
+# kept in tests/fuzz_regressions/<reader>/, which `make test` replays.
+fuzz:
+	$(MAKE) deps EXTRA_PACKAGES="$(FUZZ_PACKAGES)"
+	CC=clang CXX=clang++ cmake -S . -B $(FUZZ_BUILD) -DCMAKE_BUILD_TYPE=RelWithDebInfo -DVORN_FUZZ=ON -DVORN_BENCH=OFF
+	cmake --build $(FUZZ_BUILD) -j $(JOBS) --target fuzz_all
+	bash fuzz/run.sh $(FUZZ_BUILD) $(FUZZ_SECONDS)
+
 bench: build
 	@for b in $(BUILD)/bench/bench_*; do [ -x "$$b" ] && "$$b"; done
 
 clean:
-	rm -rf $(BUILD) $(ASAN_BUILD)
+	rm -rf $(BUILD) $(ASAN_BUILD) $(FUZZ_BUILD)
