@@ -48,4 +48,5 @@ echo "-- the saved drawing keeps the definition in its dictionary:"
 echo "-- and in the profile ($VORNMARK_PROFILE):"
 cat "$VORNMARK_PROFILE"
 echo
+bash "$HERE/polylines/demo.sh" "$VORNMARK"
 echo "Results are in $OUT"
