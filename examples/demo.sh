@@ -48,5 +48,8 @@ echo "-- the saved drawing keeps the definition in its dictionary:"
 echo "-- and in the profile ($VORNMARK_PROFILE):"
 cat "$VORNMARK_PROFILE"
 echo
+bash "$HERE/grid/demo.sh" "$VORNMARK" "$OUT"
 bash "$HERE/polylines/demo.sh" "$VORNMARK"
+bash "$HERE/stability/demo.sh" "$VORNMARK" "$OUT"
+echo
 echo "Results are in $OUT"

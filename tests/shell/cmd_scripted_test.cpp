@@ -42,7 +42,7 @@ const ScriptedCase cases[] = {
     {.name = "widths below one are refused by their integer reading; the preview draws the lattice",
      .commands = {"vorn_setgrid"},
      .script = widthX + "0.9\npress \"< Preview Grid\"\nbox ok\n" + widthX + "1\nset \"Cell Width in Y Direction:\" 2\n" +
-               countX + "3\nset \"Number of Cells in Y Direction:\" 4\npress \"< Preview Grid\"\nok\n",
+               countX + "3\nset \"Number of Cells in Y Direction:\" 4\npress \"< Preview Grid\"\nK\nok\n",
      .status = 0, .shown = {"Error: Size of cells should lager than zero!"},
      .record = Strings{"3", "4", "1", "2", "0.000000", "0.000000", "0"}, .entities = 9},
     {.name = "a width of half is stored but comes back as ten", .commands = {"vorn_setGrid"},
@@ -76,7 +76,7 @@ const ScriptedCase cases[] = {
      .script = countX + "33\nok\nok\n", .profile = {{"GridXNum", "<none>"}}, .record = Strings{},
      .reopenShows = fieldNote("Number of Cells in X Direction:", "33")},
     {.name = "cancel keeps the record", .commands = {"vorn_setGrid"},
-     .script = countX + "33\npress \"< Preview Grid\"\ncancel\nok\n", .profile = {{"GridXNum", "<none>"}},
+     .script = countX + "33\npress \"< Preview Grid\"\n<enter>\ncancel\nok\n", .profile = {{"GridXNum", "<none>"}},
      .reopenShows = fieldNote("Number of Cells in X Direction:", "10")},
     {.name = "the end of the script cancels the panel", .commands = {"vorn_setGrid"}, .script = "", .status = 0,
      .shown = {"closes with Cancel"}, .absent = {"Document Base Grid"}},
@@ -167,6 +167,24 @@ TEST(ScriptedCommands, SaveAsWritesAGridDefinitionThatImportReadsBackAndOtherFil
     EXPECT_TRUE(contains(app.transcript(), "Unknown grid file !"));
     std::remove(path.c_str());
     std::remove(plain.c_str());
+}
+
+TEST(ScriptedCommands, GridUtilityDefinesANewGridInTheFrameAndSavesIt)
+{
+    std::string path = (std::filesystem::temp_directory_path() / "vorn_cmd_utility_new.grd").string();
+    std::remove(path.c_str());
+    ScriptedApp app("press \"New Grid ...\"\n" + countX + "3\nok\nfile " + path +
+                    "\npress \"Save As ...\"\nfile " + path + "\nok\n");
+    EXPECT_EQ(app.run("vorn_gridUtility"), 0);
+    EXPECT_TRUE(contains(app.transcript(), "[panel \"Grid Utility\" opens"));
+    EXPECT_TRUE(contains(app.transcript(), "[panel \"Define a Grid\" opens"));
+    EXPECT_TRUE(contains(app.transcript(), "New Grid Defined ! ( 3 X 10 ) for " + path));
+    EXPECT_FALSE(contains(app.transcript(), "Do you want exit anyway?"));
+    myGrid saved;
+    ASSERT_TRUE(saved.readGrd(path));
+    EXPECT_EQ(saved.xNum, 3);
+    EXPECT_EQ(saved.getValue(1, 1), 0.0);
+    std::remove(path.c_str());
 }
 
 }  // namespace
