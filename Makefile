@@ -3,17 +3,20 @@
 
 BUILD      ?= build
 ASAN_BUILD ?= build-asan
+FUZZ_BUILD ?= build-fuzz
+FUZZ_SECONDS ?= 60
 JOBS       ?= $(shell nproc)
 DEB_PACKAGES = cmake make g++ libgtest-dev libgmock-dev libbenchmark-dev \
                libcli11-dev libboost-dev python3-ezdxf \
                pkg-config libgdal-dev gdal-bin libcairo2-dev
+FUZZ_PACKAGES = clang
 
-.PHONY: all deps configure build test demo sanitize bench clean
+.PHONY: all deps configure build test demo sanitize bench fuzz clean
 
 all: build
 
 deps:
-	@missing=""; for p in $(DEB_PACKAGES); do \
+	@missing=""; for p in $(DEB_PACKAGES) $(EXTRA_PACKAGES); do \
 	  dpkg -s $$p >/dev/null 2>&1 || missing="$$missing $$p"; done; \
 	if [ -n "$$missing" ]; then \
 	  echo "Installing:$$missing"; \
@@ -43,10 +46,20 @@ sanitize: deps
 	cmake --build $(ASAN_BUILD) -j $(JOBS)
 	cd $(ASAN_BUILD) && ctest --output-on-failure -j $(JOBS)
 
+# Each reader's libFuzzer target for FUZZ_SECONDS, one after the other. The
+# corpus grows in $(FUZZ_BUILD)/corpus/<reader> from the seeds in
+# fuzz/seeds/<reader>; an input that crashes, hangs or runs out of memory is
+# kept in tests/fuzz_regressions/<reader>/, which `make test` replays.
+fuzz:
+	$(MAKE) deps EXTRA_PACKAGES="$(FUZZ_PACKAGES)"
+	CC=clang CXX=clang++ cmake -S . -B $(FUZZ_BUILD) -DCMAKE_BUILD_TYPE=RelWithDebInfo -DVORN_FUZZ=ON -DVORN_BENCH=OFF
+	cmake --build $(FUZZ_BUILD) -j $(JOBS) --target fuzz_all
+	bash fuzz/run.sh $(FUZZ_BUILD) $(FUZZ_SECONDS)
+
 bench: deps
 	cmake -S . -B $(BUILD) -DCMAKE_BUILD_TYPE=Release -DVORN_BENCH=ON
 	cmake --build $(BUILD) -j $(JOBS)
 	@for b in $(BUILD)/bench/bench_*; do [ -x "$$b" ] && "$$b"; done
 
 clean:
-	rm -rf $(BUILD) $(ASAN_BUILD)
+	rm -rf $(BUILD) $(ASAN_BUILD) $(FUZZ_BUILD)

@@ -1,5 +1,7 @@
 #include "base/textfile.h"
 
+#include <sys/stat.h>
+
 #include <cerrno>
 #include <cstdarg>
 #include <cstring>
@@ -58,6 +60,10 @@ bool TextReader::open(const std::string& path, int* cause)
         return false;
     }
     if (!buffer_) buffer_ = std::make_unique<char[]>(kBufferSize);
+    struct stat status {};
+    bool sized = ::fstat(::fileno(file_), &status) == 0 && S_ISREG(status.st_mode);
+    size_ = sized ? static_cast<std::uint64_t>(status.st_size) : UINT64_MAX;
+    taken_ = 0;
     begin_ = end_ = 0;
     eof_ = false;
     if (cause) *cause = kFileNone;
@@ -81,6 +87,7 @@ bool TextReader::fill()
     size_t got = std::fread(buffer_.get() + end_, 1, kBufferSize - end_, file_);
     if (got == 0) eof_ = true;
     end_ += got;
+    taken_ += got;
     return got > 0;
 }
 
@@ -109,17 +116,42 @@ bool TextReader::readLine(std::string& line)
     }
 }
 
-TextWriter::~TextWriter() { close(); }
+std::uint64_t bytesLeft(std::FILE* file)
+{
+    struct stat status {};
+    if (::fstat(::fileno(file), &status) != 0 || !S_ISREG(status.st_mode)) return UINT64_MAX;
+    long position = std::ftell(file);
+    if (position < 0) return UINT64_MAX;
+    return status.st_size > position ? static_cast<std::uint64_t>(status.st_size - position) : 0;
+}
+
+std::uint64_t TextReader::bytesLeft() const
+{
+    if (!file_ || size_ == UINT64_MAX) return UINT64_MAX;
+    std::uint64_t buffered = end_ - begin_;
+    return size_ > taken_ ? size_ - taken_ + buffered : buffered;
+}
+
+TextWriter::~TextWriter()
+{
+    if (replacing_.isOpen()) {
+        replacing_.discard();
+        file_ = nullptr;
+    }
+    close();
+}
 
 bool TextWriter::openMode(const std::string& path, const char* mode, int* cause)
 {
     close();
     errno = 0;
-    file_ = std::fopen(path.c_str(), mode);
-    if (!file_) {
-        if (cause) *cause = fileErrorCause(errno);
-        return false;
+    if (mode) {
+        file_ = std::fopen(path.c_str(), mode);
+        if (!file_ && cause) *cause = fileErrorCause(errno);
+    } else if (replacing_.open(path, cause)) {
+        file_ = replacing_.stream();
     }
+    if (!file_) return false;
     pending_.clear();
     pending_.reserve(kBufferSize + 4096);
     failed_ = false;
@@ -129,6 +161,7 @@ bool TextWriter::openMode(const std::string& path, const char* mode, int* cause)
 
 bool TextWriter::open(const std::string& path, int* cause) { return openMode(path, "wb", cause); }
 bool TextWriter::openAppend(const std::string& path, int* cause) { return openMode(path, "ab", cause); }
+bool TextWriter::openReplacing(const std::string& path, int* cause) { return openMode(path, nullptr, cause); }
 
 bool TextWriter::flush()
 {
@@ -142,7 +175,12 @@ bool TextWriter::close()
 {
     if (!file_) return true;
     flush();
-    if (std::fclose(file_) != 0) failed_ = true;
+    if (replacing_.isOpen()) {
+        if (failed_) replacing_.discard();
+        else if (!replacing_.commit()) failed_ = true;
+    } else if (std::fclose(file_) != 0) {
+        failed_ = true;
+    }
     file_ = nullptr;
     return !failed_;
 }

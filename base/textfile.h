@@ -3,10 +3,13 @@
 // file-exception cause code.
 #pragma once
 
+#include <cstdint>
 #include <cstdio>
 #include <memory>
 #include <string>
 #include <string_view>
+
+#include "base/atomicfile.h"
 
 namespace vorn {
 
@@ -36,6 +39,10 @@ int fileErrorCause(int errnoValue);
 // address of the literal: the text loses as many leading characters.
 std::string shiftedByCause(std::string_view text, int cause);
 
+// The bytes of an open file after its read position; the largest value for
+// a stream whose size is unknown.
+std::uint64_t bytesLeft(std::FILE* file);
+
 // Reads a text file line by line through a large buffer.
 class TextReader {
 public:
@@ -52,11 +59,17 @@ public:
     // of the file when nothing is left; a last line without a line end is
     // still a line.
     bool readLine(std::string& line);
+    // The bytes not yet read, to refuse a header that claims more values
+    // than the file can hold before anything is allocated for them; the
+    // largest value for a stream whose size is unknown.
+    std::uint64_t bytesLeft() const;
 
 private:
     bool fill();
 
     std::FILE* file_ = nullptr;
+    std::uint64_t size_ = 0;
+    std::uint64_t taken_ = 0;  // bytes moved from the file into the buffer
     std::unique_ptr<char[]> buffer_;
     size_t begin_ = 0;
     size_t end_ = 0;
@@ -75,8 +88,13 @@ public:
     bool open(const std::string& path, int* cause = nullptr);
     // Opens for appending at the end of an existing file (created if missing).
     bool openAppend(const std::string& path, int* cause = nullptr);
+    // For a file written in one go: the text goes to a temporary beside
+    // `path` that close() renames over it when every write succeeded. A
+    // writer destroyed before close() leaves the old file as it was.
+    bool openReplacing(const std::string& path, int* cause = nullptr);
     bool isOpen() const { return file_ != nullptr; }
-    // Flushes and closes; false if a write failed on the way.
+    // Flushes and closes (and, opened replacing, puts the file in place);
+    // false if a write failed on the way.
     bool close();
 
     void write(std::string_view text);
@@ -92,6 +110,7 @@ private:
     bool flush();
 
     std::FILE* file_ = nullptr;
+    ReplacingFile replacing_;
     std::string pending_;
     bool failed_ = false;
 };

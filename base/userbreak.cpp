@@ -3,6 +3,8 @@
 #include <atomic>
 #include <csignal>
 
+#include "base/atomicfile.h"
+
 namespace vorn {
 
 namespace {
@@ -12,6 +14,8 @@ static_assert(std::atomic<bool>::is_always_lock_free, "the flag is set from a si
 void onInterrupt(int signal)
 {
     if (breakFlag.exchange(true)) {
+        // No half-written file outlives the process.
+        removePendingTemporaries();
         std::signal(signal, SIG_DFL);
         std::raise(signal);
     }

@@ -1,5 +1,6 @@
 #include "grid/grid.h"
 
+#include <climits>
 #include <cmath>
 #include <new>
 #include <stdexcept>
@@ -27,11 +28,17 @@ int axisIndex(const Vector3& part, const Vector3& step, int count)
 }
 }  // namespace
 
+bool myGrid::canSetup(int xCount, int yCount, double yWidth)
+{
+    // The node loops run to the count itself, so it must stay below INT_MAX.
+    return xCount > 0 && yCount > 0 && xCount < INT_MAX && yCount < INT_MAX && !(yWidth < kMinCellWidth);
+}
+
 bool myGrid::setup(int xCount, int yCount, double xWidth, double yWidth, double rotationDegrees)
 {
-    if (xCount <= 0 || yCount <= 0 || yWidth < kMinCellWidth) return false;
+    if (!canSetup(xCount, yCount, yWidth)) return false;
     try {
-        storage_.assign(static_cast<size_t>(xCount + 1) * static_cast<size_t>(yCount + 1), fillValue);
+        storage_.assign((static_cast<size_t>(xCount) + 1) * (static_cast<size_t>(yCount) + 1), fillValue);
     } catch (const std::bad_alloc&) {
         return false;
     } catch (const std::length_error&) {

@@ -40,6 +40,8 @@ public:
     // Makes the lattice with every node at fillValue; false (nothing
     // changed) for a count of 0 (or below) or a Y width below 0.0001.
     bool setup(int xNum, int yNum, double xCellW, double yCellW, double rotationDegrees);
+    // Whether setup takes these counts and Y width (memory aside).
+    static bool canSetup(int xNum, int yNum, double yCellW);
     // Widths above 0.0001 and at least 2 cells along each axis.
     bool isDefined() const;
     // Lattice (and values, or fillValue) of `source`; the source's radians go

@@ -28,9 +28,28 @@ bool openForReading(vorn::TextReader& file, const std::string& path)
 bool openForWriting(vorn::TextWriter& file, const std::string& path, const char* message)
 {
     int cause = 0;
-    if (file.open(path, &cause)) return true;
+    if (file.openReplacing(path, &cause)) return true;
     AfxMessageBox(vorn::shiftedByCause(message, cause));
     return false;
+}
+
+// Each value takes a line of at least one byte: a file with fewer bytes left
+// than the values its header claims cannot hold them, and a full read
+// refuses it before anything is allocated for them.
+bool canHoldValues(const vorn::TextReader& file, double valueCount)
+{
+    return valueCount <= static_cast<double>(file.bytesLeft());
+}
+
+// A header-only read sets up the lattice whatever follows the header, but
+// not one larger than this (32 MB of nodes) that the file cannot hold.
+constexpr double kHeaderOnlyNodeLimit = 1 << 22;
+
+// Whether a read may allocate `valueCount` nodes for a file: a full read
+// only what the file can hold, a header-only read up to the limit as well.
+bool mayAllocate(const vorn::TextReader& file, double valueCount, int loadValues)
+{
+    return canHoldValues(file, valueCount) || (loadValues != 1 && valueCount <= kHeaderOnlyNodeLimit);
 }
 
 double readGrdValue(const std::string& line)
@@ -74,6 +93,9 @@ bool myGrid::readGrd(const std::string& path, int loadValues)
     }
     double xWidth = (header[3] - header[1]) / counts[0];
     double yWidth = (header[2] - header[0]) / counts[1];
+    if (canSetup(counts[0], counts[1], yWidth) && !mayAllocate(file, (counts[0] + 1.0) * (counts[1] + 1.0), loadValues)) {
+        return false;  // as when the values run out
+    }
     setOrigin(vorn::Point2{header[1], header[0]});
     if (!setup(counts[0], counts[1], xWidth, yWidth, 0.0)) {
         AfxMessageBox("Error in setting up grid!");
@@ -85,7 +107,10 @@ bool myGrid::readGrd(const std::string& path, int loadValues)
     for (int j = 0; j <= yNum; ++j) {
         vorn::statusMeterPos(j);
         for (int i = 0; i <= xNum; ++i) {
-            if (!file.readLine(line)) return false;
+            if (!file.readLine(line)) {
+                vorn::statusMeterRestore();
+                return false;
+            }
             values[i][j] = readGrdValue(line);
         }
     }
@@ -155,6 +180,7 @@ bool myGrid::readTop(const std::string& path, int loadValues)
         AfxMessageBox("bad grid definition -- 3!");
         return false;
     }
+    if (!mayAllocate(file, static_cast<double>(xCount) * yCount, loadValues)) return false;  // as when the values run out
     setOrigin(vorn::Point2{originX, originY});
     if (!setup(xCount, yCount, width, width, 0.0)) return false;
     if (loadValues != 1) return true;

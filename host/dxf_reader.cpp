@@ -2,9 +2,11 @@
 // of model space, and the named dictionary with its xrecords, groups and
 // mline styles. References by handle (group members, hatch boundaries,
 // reactors) are resolved after all entities are in.
+#include <algorithm>
 #include <cmath>
 #include <numbers>
 #include <unordered_map>
+#include <unordered_set>
 
 #include "host/dxf_codec.h"
 #include "host/dxf_groups.h"
@@ -222,8 +224,10 @@ void readEdgePath(const std::vector<DxfPair>& p, std::size_t& i, std::int64_t ed
         } else if (kind == 2 && values.size() >= 6) {
             double cx = values[0], cy = values[1], r = values[2], a0 = values[3] * kRadians, a1 = values[4] * kRadians;
             bool ccw = values[5] != 0.0;
+            // A sweep of none or less goes the other way round: into (0, 2 pi].
             double sweep = a1 - a0;
-            while (sweep <= 0.0) sweep += 2.0 * std::numbers::pi;
+            if (sweep <= 0.0) sweep = std::fmod(sweep, 2.0 * std::numbers::pi);
+            if (sweep <= 0.0) sweep += 2.0 * std::numbers::pi;
             double start = ccw ? a0 : -a0;
             loop.points.push_back({cx + r * std::cos(start), cy + r * std::sin(start)});
             loop.bulges.push_back(std::tan((ccw ? sweep : -sweep) / 4.0));
@@ -362,7 +366,7 @@ private:
     void appendEntity(EntityHead& head, EntityShape shape, const std::vector<std::uint64_t>& hatchSources);
     void resolveReferences();
     void objects();
-    void userEntry(const std::string& key, std::uint64_t handle, ObjectId parent);
+    void userEntry(const std::string& key, std::uint64_t handle, ObjectId parent, int depth);
     void groupDictionary(std::uint64_t handle);
     void styleDictionary(std::uint64_t handle);
     std::vector<std::pair<std::string, std::uint64_t>> entries(const Record& dictionary) const;
@@ -376,6 +380,7 @@ private:
     std::vector<LayerRecord> layerStates_;
     std::unordered_map<std::uint64_t, ObjectId> handles_;
     std::unordered_map<std::uint64_t, Record> objects_;
+    std::unordered_set<std::uint64_t> readObjects_;  // each object is read once
     struct Pending {
         ObjectId id;
         std::vector<std::uint64_t> reactors;
@@ -436,7 +441,8 @@ void DxfLoader::tables()
         if (r.type() != "LAYER" || name.empty()) continue;
         LayerRecord layer;
         layer.name = name;
-        int color = static_cast<int>(f.integer(62, 7));
+        // A colour is a 16-bit number; larger ones are held to its range.
+        int color = static_cast<int>(std::clamp<std::int64_t>(f.integer(62, 7), -32767, 32767));
         layer.color = color == 0 ? 7 : std::abs(color);
         layer.off = color < 0;
         layer.frozen = (f.integer(70) & 1) != 0;
@@ -552,26 +558,33 @@ void DxfLoader::objects()
         }
     }
     const Record& root = records.front();
+    for (const auto& [handle, record] : objects_) {
+        if (record.begin == root.begin) readObjects_.insert(handle);  // the root is read already
+    }
     for (const auto& [key, handle] : entries(root)) {
         if (iequals(key, "ACAD_GROUP")) {
             groupDictionary(handle);
         } else if (iequals(key, "ACAD_MLINESTYLE")) {
             styleDictionary(handle);
         } else if (!key.starts_with("ACAD_") && !key.starts_with("AcDb")) {
-            userEntry(key, handle, db_.namedObjectsDictionary());
+            userEntry(key, handle, db_.namedObjectsDictionary(), 1);
         }
     }
 }
 
-void DxfLoader::userEntry(const std::string& key, std::uint64_t handle, ObjectId parent)
+// An object that an entry names a second time (a dictionary that holds
+// itself or one of its owners) is not read again, and dictionaries are read
+// only to a fixed depth, so that no file leads the reader round in circles.
+void DxfLoader::userEntry(const std::string& key, std::uint64_t handle, ObjectId parent, int depth)
 {
+    constexpr int kMaxDictionaryDepth = 64;
     auto it = objects_.find(handle);
-    if (it == objects_.end()) return;
+    if (it == objects_.end() || depth > kMaxDictionaryDepth || !readObjects_.insert(handle).second) return;
     const Record& r = it->second;
     ObjectId id;
     if (r.type() == "DICTIONARY") {
         if (db_.addDictionary(parent, key, id) != eOk) return;
-        for (const auto& [childKey, child] : entries(r)) userEntry(childKey, child, id);
+        for (const auto& [childKey, child] : entries(r)) userEntry(childKey, child, id, depth + 1);
     } else if (r.type() == "XRECORD") {
         std::vector<DxfPair> data;
         std::size_t i = 1;

@@ -13,6 +13,8 @@
 #include "host/dxf_codec.h"
 #include "host/dxf_groups.h"
 #include "host/spline_fit.h"
+#include "base/atomicfile.h"
+#include "base/textfile.h"
 #include "base/textnum.h"
 
 namespace vorn::host {
@@ -498,7 +500,8 @@ void DxfWriter::polyline2d(const Polyline2d& pl, std::uint64_t handle, const Ent
     xdata(c);
     for (const Polyline2dVertex& v : pl.vertices) {
         vertexHead(handle, c, "AcDb2dVertex");
-        out_.point(10, {v.position.x, v.position.y, pl.elevation});
+        // The elevation belongs to the polyline's own record: vertices at z 0.
+        out_.point(10, {v.position.x, v.position.y, 0.0});
         if (v.startWidth != 0.0) out_.real(40, v.startWidth);
         if (v.endWidth != 0.0) out_.real(41, v.endWidth);
         if (v.bulge != 0.0) out_.real(42, v.bulge);
@@ -807,22 +810,10 @@ void DxfWriter::layout(std::uint64_t handle, const char* name, int order, std::u
 bool saveDxf(const std::string& path, const HostDatabase& db, std::string& error)
 {
     std::string text = DxfWriter(db).run();
-    std::string temporary = path + ".part";
-    // The cause is taken before the partial file goes, which may set errno.
-    auto fail = [&](bool removePartial) {
-        error = formatString("cannot write %s: %s", path.c_str(), std::strerror(errno));
-        if (removePartial) std::remove(temporary.c_str());
-        return false;
-    };
-    {
-        std::ofstream out(temporary, std::ios::binary | std::ios::trunc);
-        if (!out) return fail(false);
-        out.write(text.data(), static_cast<std::streamsize>(text.size()));
-        out.close();
-        if (!out) return fail(true);
-    }
-    if (std::rename(temporary.c_str(), path.c_str()) != 0) return fail(true);
-    return true;
+    int cause = kFileNone;
+    if (writeFileReplacing(path, text, &cause)) return true;
+    error = formatString("cannot write %s: %s", path.c_str(), std::strerror(errno));
+    return false;
 }
 
 }  // namespace vorn::host

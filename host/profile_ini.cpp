@@ -5,6 +5,7 @@
 #include <fstream>
 
 #include "host/host_text.h"
+#include "base/atomicfile.h"
 #include "base/textnum.h"
 
 namespace vorn {
@@ -50,14 +51,13 @@ bool IniProfile::save() const
     std::error_code ignored;
     std::filesystem::path file(path_);
     if (file.has_parent_path()) std::filesystem::create_directories(file.parent_path(), ignored);
-    std::ofstream out(path_, std::ios::trunc);
+    std::string text;
     for (const auto& [name, entries] : sections_) {
-        out << '[' << name << "]\n";
-        for (const auto& [key, value] : entries) out << key << '=' << value << '\n';
-        out << '\n';
+        text += '[' + name + "]\n";
+        for (const auto& [key, value] : entries) text += key + '=' + value + '\n';
+        text += '\n';
     }
-    out.flush();
-    return static_cast<bool>(out);
+    return writeFileReplacing(path_, text);
 }
 
 IniProfile::Section* IniProfile::findSection(const std::string& name)

@@ -45,17 +45,11 @@ void defaultToTen(std::string& text)
 }
 }  // namespace
 
+// The defaults go into the frame's copy only: the document's record changes
+// when the frame ends with OK (saveDocData), never on a Cancel.
 void CProMainTab::loadDocData()
 {
-    CDocData& data = DocVars().docData();
-    defaultToTen(data.xNumText);
-    defaultToTen(data.yNumText);
-    defaultToTen(data.xCellText);
-    defaultToTen(data.yCellText);
-    if (!data.defectsReady && defectDefaultsFiller()) {
-        defectDefaultsFiller()(data.defects);
-        data.defectsReady = true;
-    }
+    const CDocData& data = DocVars().docData();
     xNumText = data.xNumText;
     yNumText = data.yNumText;
     xCellText = data.xCellText;
@@ -65,6 +59,14 @@ void CProMainTab::loadDocData()
     originYText = data.originYText;
     defects = data.defects;
     defectsReady = data.defectsReady;
+    defaultToTen(xNumText);
+    defaultToTen(yNumText);
+    defaultToTen(xCellText);
+    defaultToTen(yCellText);
+    if (!defectsReady && defectDefaultsFiller()) {
+        defectDefaultsFiller()(defects);
+        defectsReady = true;
+    }
 }
 
 void CProMainTab::saveDocData() const

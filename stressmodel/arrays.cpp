@@ -3,6 +3,8 @@
 #include <cstdio>
 #include <cstdlib>
 
+#include "base/processend.h"
+
 namespace vorn {
 
 void allocationFailure(const char* message)
@@ -10,7 +12,7 @@ void allocationFailure(const char* message)
     std::fprintf(stderr, "%s\n", message);
     std::fprintf(stderr, "...now exiting to the system...\n");
     std::fflush(stderr);
-    std::exit(1);
+    vorn::endProcess(1);
 }
 
 void dmatrix(DoubleMatrix& m, int lowX, int highX, int lowY, int highY)

@@ -4,6 +4,7 @@
 #include <cstdlib>
 #include <string>
 
+#include "base/processend.h"
 #include "base/report.h"
 
 namespace vorn {
@@ -68,7 +69,7 @@ namespace {
 {
     consolePrintf("%s", message.c_str());
     AfxMessageBox(message.substr(0, message.size() - 1));
-    std::exit(1);
+    vorn::endProcess(1);
 }
 }  // namespace
 

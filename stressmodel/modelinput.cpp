@@ -1,12 +1,15 @@
 // Reading the `.inp` model, the step code files and the `.top` relief, and
 // preparing the solution arrays.
+#include <climits>
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
 #include <memory>
 
 #include "base/report.h"
+#include "base/textfile.h"
 #include "base/textnum.h"
+#include "base/processend.h"
 #include "stressmodel/modeldat.h"
 
 using vorn::formatString;
@@ -162,7 +165,7 @@ void CModelDat::SetUnits()
         const char* message = "Unit Code Out of Range in Input File - PU1\n";
         AfxMessageBox(message);
         consolePrintf("%s", message);
-        std::exit(1);
+        vorn::endProcess(1);
     }
     const UnitSystem& system = systems[unitCode];
     lengthUnit = system.length;
@@ -193,8 +196,13 @@ int CModelDat::ReadTopography()
     char skipped[255];
     for (int line = 0; line < 2; ++line)
         if (!std::fgets(skipped, sizeof skipped, f)) break;
-    if (topoCountX * topoCountY != topoTotal)
+    // A count of INT_MAX has no room for the plate's rim.
+    if (static_cast<long long>(topoCountX) * topoCountY != topoTotal || topoCountX == INT_MAX || topoCountY == INT_MAX)
         return ReadFailure(2, "Inconsistent Data in the Topographic Header Line - RTI2b\n");
+    // Each value takes at least a byte: values that the file cannot hold are
+    // missing ones, found before anything is allocated for them.
+    if (static_cast<double>(topoTotal) > static_cast<double>(vorn::bytesLeft(f)))
+        return ReadFailure(3, "Error reading the Topographic Grid Stress - RTI3\n");
     vorn::dmatrix(topoConvergence, 0, topoCountX + 1, 0, topoCountY + 1);
     vorn::dmatrix(topoLoad, 1, topoCountX, 1, topoCountY);
     for (int x = 1; x <= topoCountX; ++x)

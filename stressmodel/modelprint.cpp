@@ -7,6 +7,7 @@
 
 #include "base/report.h"
 #include "base/textnum.h"
+#include "base/processend.h"
 #include "stressmodel/modeldat.h"
 
 using vorn::formatString;
@@ -303,7 +304,7 @@ void CModelDat::OffSeamDisplacement(int step)
     vorn::TextWriter out;
     if (!(step == 1 ? out.open(offSeamPath) : out.openAppend(offSeamPath))) {
         AfxMessageBox("Error in Opening Off-Seam Output File - OS1\n");
-        std::exit(1);
+        vorn::endProcess(1);
     }
     offSeamResult.fill(0);
     for (int s = 1; s <= seamCount; ++s) {

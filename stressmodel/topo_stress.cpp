@@ -224,7 +224,7 @@ int CTopoStressCommand::run()
 bool CTopoStressCommand::writeInputFile(myGrid& surface, const std::string& tmpPath) const
 {
     vorn::TextWriter file;
-    if (!file.open(tmpPath)) {
+    if (!file.openReplacing(tmpPath)) {
         acutPrintf("\nFile can not open for write!");
         return false;
     }
@@ -253,15 +253,17 @@ bool CTopoStressCommand::writeInputFile(myGrid& surface, const std::string& tmpP
             file.writeFixed6(surface.getValue(i, j) * f);
         }
     }
-    file.close();
-    return true;
+    if (file.close()) return true;
+    acutPrintf("\nFile can not open for write!");
+    return false;
 }
 
 bool CTopoStressCommand::writeStressGrid(const CTopoModelDat& model) const
 {
     vorn::TextWriter file;
-    if (!file.open(outputPath)) {
-        AfxMessageBox("File <" + outputPath + "> could not be opened to write!");
+    const std::string failure = "File <" + outputPath + "> could not be opened to write!";
+    if (!file.openReplacing(outputPath)) {
+        AfxMessageBox(failure);
         return false;
     }
     vorn::Point2 origin;
@@ -276,6 +278,7 @@ bool CTopoStressCommand::writeStressGrid(const CTopoModelDat& model) const
     model.WriteValues(file);
     file.write("\nOverburden Stress Calculation");
     file.write("\nVORN Stability Application");
-    file.close();
-    return true;
+    if (file.close()) return true;
+    AfxMessageBox(failure);
+    return false;
 }

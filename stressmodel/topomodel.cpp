@@ -1,5 +1,6 @@
 #include "stressmodel/topomodel.h"
 
+#include <climits>
 #include <cmath>
 #include <cstdio>
 #include <cstring>
@@ -83,6 +84,13 @@ int CTopoModelDat::ReadHeader(std::FILE* file)
 
 int CTopoModelDat::ReadSurface(std::FILE* file)
 {
+    // Each value takes at least a byte: values that the file cannot hold are
+    // missing ones, found before anything is allocated for them.
+    // A count of INT_MAX has no room for the plate's rim either.
+    if (static_cast<double>(topoCountX) * topoCountY > static_cast<double>(vorn::bytesLeft(file)) ||
+        topoCountX == INT_MAX || topoCountY == INT_MAX) {
+        return readFailure("Error reading the Topographic Grid Stress - RTI3\n", 3);
+    }
     vorn::dmatrix(overburdenStress, 1, elementsX, 1, elementsY);
     vorn::dmatrix(topoConvergence, 0, topoCountX + 1, 0, topoCountY + 1);
     vorn::dmatrix(topoLoad, 1, topoCountX, 1, topoCountY);

@@ -1,5 +1,6 @@
 #include "stressmodel/transfer.h"
 
+#include <algorithm>
 #include <cstdio>
 
 #include "grid/grid.h"
@@ -102,6 +103,7 @@ bool CElementFileReader::readHeader(const std::string& path, std::vector<std::st
         AfxMessageBox(failure);
         return false;
     }
+    fileBytes_ = file.bytesLeft();
     std::string line;
     if (!readNonEmptyLine(file, line)) {
         AfxMessageBox("Read an empty line in the input file - CHR2-1");
@@ -134,6 +136,15 @@ bool CElementFileReader::readHeader(const std::string& path, std::vector<std::st
 bool CElementFileReader::buildRows(const std::vector<std::string>& names, const std::vector<std::string>& units)
 {
     rows_.clear();
+    // Every step holds its element lines with a field for each item: a
+    // header that claims more than the file's bytes could hold lists no
+    // rows, rather than rows in proportion to the claim.
+    const double claimed = static_cast<double>(std::max(stepCount, 1)) * std::max(elementCount, 1) * std::max(itemCount, 1);
+    if (claimed > static_cast<double>(fileBytes_)) {
+        AfxMessageBox(vorn::formatString("The file is too short for %d steps of %d elements with %d items", stepCount,
+                                         elementCount, itemCount));
+        return false;
+    }
     int number = 1;
     for (int step = 1; step <= stepCount; ++step) {
         for (int k = 1; k <= itemCount; ++k, ++number) {
@@ -160,13 +171,15 @@ CElementItemChoice CElementFileReader::choiceOfRow(size_t row) const
 
 bool CElementFileReader::readItem(const CElementItemChoice& item, myGrid& grid, std::string& failure) const
 {
-    grid.setOrigin(originX, originY, 0.0);
-    grid.setup(countX, countY, elementWidth, elementWidth, 0.0);
     vorn::TextReader file;
     if (!openOrSayWhy(file, path_, failure)) return false;
     std::string line;
     long long skip = static_cast<long long>(item.step - 1) * elementCount + 3;
-    for (long long k = 0; k < skip; ++k) file.readLine(line);
+    for (long long k = 0; k < skip && file.readLine(line); ++k) {
+    }
+    // The values are gathered first, so that the grid is only as large as
+    // the lines the file really holds.
+    std::vector<double> values;
     for (int x = 0; x < countX; ++x) {
         for (int y = 0; y < countY; ++y) {
             if (!readNonEmptyLine(file, line)) {
@@ -178,8 +191,14 @@ bool CElementFileReader::readItem(const CElementItemChoice& item, myGrid& grid, 
                 failure = kImproperArgument;
                 return false;
             }
-            grid.setValueText(x, y, fields[item.indexInLine - 1]);
+            values.push_back(_wtof(fields[item.indexInLine - 1]));
         }
+    }
+    grid.setOrigin(originX, originY, 0.0);
+    grid.setup(countX, countY, elementWidth, elementWidth, 0.0);
+    size_t next = 0;
+    for (int x = 0; x < countX; ++x) {
+        for (int y = 0; y < countY; ++y) grid.setValue(x, y, values[next++]);
     }
     return true;
 }

@@ -4,6 +4,7 @@
 // the panel "Grid Transfer from Keldar Output".
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -66,6 +67,7 @@ private:
 
     std::string path_;
     std::vector<CElementItemRow> rows_;
+    std::uint64_t fileBytes_ = 0;
 };
 
 namespace vorn {

@@ -203,6 +203,29 @@ TEST_F(Messages, TopReaderMessages)
     EXPECT_TRUE(g.readTop(path, 0));
 }
 
+// A header that claims more values than the file holds fails before the
+// lattice is allocated: as when the values run out, without a message. A
+// header-only read sets up any lattice the file could hold, and small ones.
+TEST_F(Messages, HeadersClaimingMoreThanTheFileHoldsFailFast)
+{
+    std::string path = tempFile("claims.grd");
+    spit(path, "0\n0\n20000\n20000\n20000\n20000\n");
+    myGrid g;
+    EXPECT_FALSE(g.readGrd(path, 1));
+    EXPECT_FALSE(g.readGrd(path, 0));
+    EXPECT_TRUE(capture.boxes.empty());
+    EXPECT_EQ(g.getXNum(), 0);
+    spit(path, "0\n0\n1\n1\n2147483647\n1\n");
+    EXPECT_FALSE(g.readGrd(path, 0));
+    EXPECT_EQ(lastBox(), "Error in setting up grid!");
+    EXPECT_FALSE(g.setup(2147483647, 1, 1.0, 1.0, 0.0));
+    spit(path, "1,4000000,1.0,2000,2000,0,0,0\n1,t\n1,Inches\n");
+    capture.boxes.clear();
+    EXPECT_FALSE(g.readTop(path, 1));
+    EXPECT_TRUE(g.readTop(path, 0));
+    EXPECT_TRUE(capture.boxes.empty());
+}
+
 TEST(GridFileChoice, ReaderByName)
 {
     using vorn::GridFileKind;

@@ -9,6 +9,7 @@
 #include <gtest/gtest.h>
 
 #include "host/dxf_codec.h"
+#include "host/dxf_groups.h"
 
 namespace vorn::host {
 namespace {
@@ -268,6 +269,34 @@ TEST(DxfRoundTrip, IndependentReaderFindsNoErrors)
     std::string out = run(python + " " + scratch("audit.py").string() + " " + path.string(), status);
     EXPECT_EQ(status, 0) << out;
     EXPECT_EQ(out, "15 0 0 1 2\n");
+}
+
+// A 2-D heavy polyline keeps its elevation in its own record, with every
+// vertex at z 0, as independent writers put it, and reads back the same.
+TEST(DxfRoundTrip, HeavyPolylineElevationStaysInItsOwnRecord)
+{
+    HostDatabase db;
+    Polyline2d heavy;
+    heavy.elevation = 4.0;
+    heavy.vertices = {{{0, 0, 4}}, {{5, 0, 4}, 0.5}, {{5, 5, 4}}};
+    append(db, entityOf(heavy), "0");
+    HostDatabase copy;
+    savedAndLoaded(db, copy, "heavy.dxf");
+    std::vector<DxfPair> pairs;
+    std::string error;
+    ASSERT_TRUE(readDxfPairs(scratch("heavy.dxf").string(), pairs, error)) << error;
+    std::map<std::string, std::vector<double>> zByRecord;
+    std::string record;
+    for (const DxfPair& pair : pairs) {
+        if (pair.code == 0) record = pair.value;
+        if (pair.code == 30 && (record == "POLYLINE" || record == "VERTEX")) zByRecord[record].push_back(pair.real());
+    }
+    EXPECT_EQ(zByRecord["POLYLINE"], std::vector<double>{4.0});
+    EXPECT_EQ(zByRecord["VERTEX"], std::vector<double>(3, 0.0));
+    std::vector<Entity> back = entitiesOf(copy);
+    ASSERT_EQ(back.size(), 1u);
+    ASSERT_NE(back[0].as<Polyline2d>(), nullptr);
+    EXPECT_EQ(*back[0].as<Polyline2d>(), heavy);
 }
 
 TEST(DxfLoad, BadFilesFailWithAReason)

@@ -16,10 +16,10 @@ struct Documents : ::testing::Test {
     int slot = 0;
 };
 
-TEST_F(Documents, TheIntegerReadingDecidesTheReplacementByTenWhichGoesIntoTheRecord)
+TEST_F(Documents, TheIntegerReadingDecidesTheReplacementByTenInTheFramesCopyOnly)
 {
     EXPECT_EQ(CProMainTab().xCellText, "10");
-    EXPECT_EQ(DocVars().docData().xCellText, "10");
+    EXPECT_EQ(DocVars().docData().xCellText, "");
     EXPECT_EQ(DocVars().docData().rotationText, "");
     CDocData& data = DocVars().docData();
     data.xCellText = "0.5";
@@ -33,6 +33,8 @@ TEST_F(Documents, TheIntegerReadingDecidesTheReplacementByTenWhichGoesIntoTheRec
     EXPECT_EQ(frame.xNumText, "10");
     EXPECT_EQ(frame.yNumText, "25");
     EXPECT_EQ(frame.rotationText, "0.5");
+    EXPECT_EQ(data.xCellText, "0.5");
+    EXPECT_EQ(data.xNumText, "abc");
 }
 
 TEST_F(Documents, OnlyOkStoresTheFrameInTheRecord)
@@ -41,7 +43,7 @@ TEST_F(Documents, OnlyOkStoresTheFrameInTheRecord)
         CProMainTab frame;
         frame.xNumText = "55";
         ok ? frame.OnOK() : frame.OnCancel();
-        EXPECT_EQ(DocVars().docData().xNumText, ok ? "55" : "10");
+        EXPECT_EQ(DocVars().docData().xNumText, ok ? "55" : "");  // a Cancel leaves the record as it was
     }
 }
 
@@ -53,7 +55,9 @@ TEST_F(Documents, DefectDefaultsAreFilledOnceWhenTheCatalogueIsThere)
         ++calls;
         records[0].defectLayer = "RFRI_AngDisc";
     };
-    CProMainTab frame;
+    CProMainTab cancelled;
+    EXPECT_FALSE(DocVars().docData().defectsReady);
+    cancelled.OnOK();
     CProMainTab again;
     defectDefaultsFiller() = installed;
     EXPECT_EQ(calls, 1);

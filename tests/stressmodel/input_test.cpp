@@ -167,6 +167,18 @@ TEST_F(ReadInputTest, TopographyRefusalsAndAGoodRead)
     EXPECT_FALSE(topo.topoLoad.allocated());
     EXPECT_EQ(readTop("1,4, 10.0, 2, 2, 0.0, 0.0, 100.0\nitems\nunits\n1\n2\n3\n"), 3);
     EXPECT_EQ(lastBox(), "Error reading the Topographic Grid Stress - RTI3\n");
+    // Values that the file cannot hold are missing before anything is
+    // allocated; a product past the int range is inconsistent.
+    for (const char* header : {"1,400000000, 10.0, 20000, 20000, 0.0, 0.0, 100.0\n",
+                               "1,0, 10.0, 2147483647, 0, 0.0, 0.0, 100.0\n"}) {
+        CModelDat fresh;
+        fresh.SetBaseName("model");
+        writeFile("model.top", header);
+        EXPECT_NE(fresh.ReadTopography(), 0) << header;
+        EXPECT_FALSE(fresh.topoLoad.allocated()) << header;
+    }
+    EXPECT_EQ(readTop("1,-2147483648, 10.0, 65536, 32768, 0.0, 0.0, 100.0\n"), 2);
+    EXPECT_EQ(lastBox(), "Inconsistent Data in the Topographic Header Line - RTI2b\n");
     EXPECT_EQ(readTop("7,4, 10.0, 2, 2, -5.0, 6.0, 100.0\r\n  1,Height\r\n  1,in\r\n1\r\n2\r\n3\r\n4\r\n"), 0);
     EXPECT_FLOAT_EQ(topo.topoX, -5.0f);
     EXPECT_EQ(topo.topoLoad(1, 2), 2.0);  // y runs inner

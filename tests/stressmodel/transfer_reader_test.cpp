@@ -125,5 +125,27 @@ TEST_F(TransferReader, TransferAsksSavesWithTitleOrStopsOnCancel)
     EXPECT_DOUBLE_EQ(saved.getValue(1, 0), sampleValue(2, 2, 1, 2));
 }
 
+// Headers that claim far more than the file holds: refused or read only as
+// far as the lines go, never allocated in proportion to the claim.
+TEST_F(TransferReader, HeadersClaimingMoreThanTheFileHoldsFailFast)
+{
+    ASSERT_TRUE(reader.selectFile(file("huge.f1", "1, 1, 12, 20000, 20000, 0, 0\r\n2,a,b\r\n2,in,psi\r\n1,2\r\n")));
+    myGrid grid;
+    std::string failure;
+    EXPECT_FALSE(reader.readItem(reader.choiceOfRow(0), grid, failure));
+    EXPECT_EQ(failure, "Read an empty line in the input file for row 1 col 0");
+    EXPECT_EQ(grid.getXNum(), 0);
+
+    std::string names = "300000", units = "300000";
+    for (int k = 0; k < 300000; ++k) {
+        names += ",a";
+        units += ",b";
+    }
+    EXPECT_FALSE(reader.selectFile(file("wide.f1", "100000, 1, 12, 1, 1, 0, 0\r\n" + names + "\r\n" + units + "\r\n")));
+    EXPECT_EQ(lastBox(), "The file is too short for 100000 steps of 1 elements with 300000 items");
+    EXPECT_TRUE(reader.rows().empty());
+    EXPECT_FALSE(reader.selectFile(file("steps.f1", "2147483647, 2147483647, 12, 1, 1, 0, 0\r\n1,a\r\n1,in\r\n1\r\n")));
+}
+
 }  // namespace
 }  // namespace vorn::testing
