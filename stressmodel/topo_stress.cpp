@@ -79,11 +79,11 @@ bool CTopoStressCommand::loadSurface(const std::string& path)
     return true;
 }
 
-void CTopoStressCommand::setUnitSystem(int units)
+void CTopoStressCommand::activatePropertiesPage()
 {
-    if (units == unitSystem) return;
-    unitSystem = units;
-    properties = CTopoProperties::defaultsFor(units);
+    if (unitSystem == propertiesUnits_) return;
+    propertiesUnits_ = unitSystem;
+    properties = CTopoProperties::defaultsFor(unitSystem);
 }
 
 bool CTopoStressCommand::defineSeamGrid(double originX, double originY, int xNum, int yNum, double xCellW, double yCellW,
@@ -106,6 +106,13 @@ bool CTopoStressCommand::loadSeamGrid(const std::string& path)
     return true;
 }
 
+bool CTopoStressCommand::takeSeamGrid(const myGrid& lattice)
+{
+    const double degrees = lattice.getRotation() * 180.0 / 3.14159265358979323846;
+    return defineSeamGrid(lattice.getOrigin().x, lattice.getOrigin().y, lattice.getXNum(), lattice.getYNum(),
+                          lattice.getXCellW(), lattice.getYCellW(), degrees);
+}
+
 void CTopoStressCommand::keepSeamGrid()
 {
     seamGrid.setTitle("Seam Grid Defination");
@@ -120,7 +127,7 @@ void CTopoStressCommand::activateSeamPage()
         if (!topoPath.empty()) {
             outputPath = topoPath.substr(0, topoPath.size() >= 4 ? topoPath.size() - 4 : 0) + "_Stress.grd";
         } else {
-            outputPath = (std::filesystem::current_path() / "Untitle.grd").string();
+            outputPath = drawingFolder + "Untitle.grd";
         }
     }
     seamLevel = useSeamAverage && !levelLocked ? seamMean : 0.0;
@@ -212,6 +219,7 @@ int CTopoStressCommand::run()
     }
     if (!writeStressGrid(model)) return 1;
     acutPrintf("\nTopoStress are save to %s", outputPath.c_str());
+    if (previewResult && showResult) showResult(outputPath);
     acutPrintf("\nTopoModel was finished successfully!");
     return 0;
 }
