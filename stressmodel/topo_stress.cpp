@@ -1,5 +1,6 @@
 #include "stressmodel/topo_stress.h"
 
+#include <cstdio>
 #include <filesystem>
 
 #include "base/report.h"
@@ -262,11 +263,16 @@ bool CTopoStressCommand::writeInputFile(myGrid& surface, const std::string& tmpP
 
 bool CTopoStressCommand::writeStressGrid(const CTopoModelDat& model) const
 {
-    vorn::TextWriter file;
-    if (!file.open(outputPath)) {
+    // Written under a temporary name beside the target and renamed over it
+    // when complete, so that a failed write leaves no partial grid.
+    const std::string partial = outputPath + ".part";
+    auto refuse = [this, &partial] {
+        std::remove(partial.c_str());
         AfxMessageBox("File <" + outputPath + "> could not be opened to write!");
         return false;
-    }
+    };
+    vorn::TextWriter file;
+    if (!file.open(partial)) return refuse();
     vorn::Point2 origin;
     seamGrid.getNodeXY(0, 0, origin);
     const double cell = seamGrid.getXCellW();
@@ -279,6 +285,6 @@ bool CTopoStressCommand::writeStressGrid(const CTopoModelDat& model) const
     model.WriteValues(file);
     file.write("\nOverburden Stress Calculation");
     file.write("\nVORN Stability Application");
-    file.close();
+    if (!file.close() || std::rename(partial.c_str(), outputPath.c_str()) != 0) return refuse();
     return true;
 }

@@ -209,6 +209,7 @@ TEST_F(TopoStress, FailuresOfTheRunStopWithTheirMessages)
     EXPECT_EQ(command.run(), 1);
     EXPECT_EQ(lastBox(), "File <" + command.outputPath + "> could not be opened to write!");
     EXPECT_TRUE(fs::exists("dir.out"));
+    EXPECT_FALSE(fs::exists("dir.grd.part"));
 
     command.outputPath = path("r.grd");
     command.setUnitSystem(4);
