@@ -2,6 +2,7 @@
 
 #include "base/report.h"
 #include "commands/command_support.h"
+#include "grid/gridutility.h"
 #include "shell/gridframe.h"
 
 void vorn_setGrid()
@@ -13,4 +14,21 @@ void vorn_setGrid()
 
 void tabTest() { runGridFrame("tabTest", "Define a Grid", {}); }
 
-void vorn_gridUtility() { vorn::reportMissing("vorn_gridUtility", "the panel dlg_gridutility"); }
+namespace {
+
+// "New Grid ...": the task frame with the page "Grid Dimension" alone.
+bool defineGridInFrame(myGrid& grid)
+{
+    GridFrame frame("Define a Grid");
+    if (frame.run() != IDOK) return false;
+    return frame.frame().getBaseGrid(grid);
+}
+
+}  // namespace
+
+void vorn_gridUtility()
+{
+    dlg_gridutility panel;
+    panel.defineNewGrid = defineGridInFrame;
+    panel.DoModal();
+}

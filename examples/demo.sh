@@ -50,4 +50,5 @@ echo "-- the saved drawing keeps the definition in its dictionary:"
 echo "-- and in the profile ($VORNMARK_PROFILE):"
 cat "$VORNMARK_PROFILE"
 echo
+bash "$HERE/grid/demo.sh" "$VORNMARK" "$OUT"
 echo "Results are in $OUT"

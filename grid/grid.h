@@ -14,6 +14,10 @@
 
 #include "grid/gridgeom.h"
 
+namespace vorn {
+struct ObjectId;
+}
+
 constexpr double NULL_VALUE = -1e20;
 
 // The mark that the writer puts at the end of every .grd file.
@@ -103,8 +107,37 @@ public:
     bool getMinCell(int k, int& i, int& j) const;
     bool getMaxCell(int k, int& i, int& j) const;
 
-    // --- Plot settings -------------------------------------------------------
+    // Statistics of the cells inside the inclusion polygons and outside the
+    // exclusion polygons (closed polylines by id); a cell counts when the
+    // polygons cover at least `percent` of it.
+    void computeStatistics(const std::vector<vorn::ObjectId>& inclusions, const std::vector<vorn::ObjectId>& exclusions,
+                           double percent);
+
+    // --- Colour table: colorBreaks holds (value break, colour index) -------
+    // Groups, one less than the entries; builds the default table if empty.
+    int getGroupCount();
+    int getGroupColor(int g);
+    // The colour and the group of the value's group; every value falls in
+    // one (below the first break: group 0; above the last: the last).
+    int getValueColor(double value);
+    // -1 for an empty table (none is built).
+    int getValueGroup(double value) const;
+    double getGroupBreak(int k) const;
+    // The table of ten groups over floor(min) to ceil(max) of the cells.
+    void buildDefaultColors();
+    // The colour schema panel on the table; the result is taken on OK.
+    void editColors();
+    const std::vector<vorn::Point2>& getColorTable() const { return colorBreaks; }
+    void setColorTable(const std::vector<vorn::Point2>& table) { colorBreaks = table; }
+
+    // --- Plots ----------------------------------------------------------------
     void setPlotOptions(int type, int mode, const std::string& layer, bool preview, bool group);
+    // Draws the grid as the kind of plotType, coloured by the table.
+    void plot();
+    // The quick lattice (1), coloured cells (2) or seam codes (3, any other).
+    void plotCodes(int mode);
+    // Whether the grid's outline overlaps the current view.
+    bool isInView() const;
 
     // --- Files ------------------------------------------------------------
     // loadValues 1 reads values too; any other value only the lattice.
@@ -138,6 +171,7 @@ public:
     std::vector<vorn::Point2> minCells;
     double statMax = 0.0;
     std::vector<vorn::Point2> maxCells;
+    std::vector<vorn::Point2> colorBreaks;
 
 private:
     bool inNodeRange(int i, int j) const { return i >= 0 && i <= xNum && j >= 0 && j <= yNum && !values.empty(); }

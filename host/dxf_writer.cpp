@@ -12,6 +12,7 @@
 
 #include "host/dxf_codec.h"
 #include "host/dxf_groups.h"
+#include "host/spline_fit.h"
 #include "base/textnum.h"
 
 namespace vorn::host {
@@ -430,11 +431,19 @@ void DxfWriter::body(const Spline& spline)
     out_.text(100, "AcDbSpline");
     out_.point(210, {0, 0, 1});
     out_.integer(70, planar ? 8 : 0);
+    // Readers draw a spline from its control points and knots; the fit
+    // points alone are kept by few of them.
+    SplineControl control;
+    if (spline.degree >= 1 && static_cast<int>(fit.size()) > spline.degree) control = interpolateSpline(fit, spline.degree);
     out_.integer(71, spline.degree);
-    out_.integer(72, 0);
-    out_.integer(73, 0);
+    out_.integer(72, static_cast<std::int64_t>(control.knots.size()));
+    out_.integer(73, static_cast<std::int64_t>(control.points.size()));
     out_.integer(74, static_cast<std::int64_t>(fit.size()));
+    out_.real(42, 1e-10);
+    out_.real(43, 1e-10);
     out_.real(44, spline.fitTolerance);
+    for (double knot : control.knots) out_.real(40, knot);
+    for (const Point3d& p : control.points) out_.point(10, p);
     for (const Point3d& p : fit) out_.point(11, p);
 }
 

@@ -59,7 +59,11 @@ public:
 
     void grDraw(const Point3d& from, const Point3d& to, int color, int highlight) override;
     void highlight(ObjectId id, bool on) override;
-    void grText(int box, const std::string& text) override { statusText_ = text; }
+    void grText(int box, const std::string& text) override
+    {
+        statusText_ = text;
+        if (box == -1) reporter_.statusText(text);
+    }
     void redraw() override { tempVectors_.clear(); }
     void updateDisplay() override {}
     int setProgressMeter(const std::string& label, int minPos, int maxPos) override;

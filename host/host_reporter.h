@@ -33,6 +33,8 @@ public:
     // standard output when a script answers (a person's typing shows itself).
     void echoAnswer(const std::string& answer);
     void setHasAnswers(bool hasAnswers) { hasAnswers_ = hasAnswers; }
+    // Text of the status area, noted in the transcript.
+    void statusText(const std::string& text) { transcript_.statusText(text); }
 
 private:
     int answerOfEsc(unsigned type) const;

@@ -20,6 +20,8 @@ public:
     void fileDialog(const std::string& title, const std::string& filter, const std::string& answer);
     // The colour dialog: its starting colour index and the chosen one or "<esc>".
     void colorDialog(int initialColor, const std::string& answer);
+    // Text written to the status area (the cursor tracker of a drag).
+    void statusText(const std::string& text) { bracketLine("status: " + text); }
     // A note of the panel driver ("panel \"Define a Grid\" opened", ...).
     void panel(const std::string& note);
 

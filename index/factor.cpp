@@ -65,7 +65,7 @@ FactorConversionResult runFactorConversion(const FactorConversion& settings)
 
     normaliseFactorGrid(grid, settings);
 
-    if (settings.preview) consolePrintf("Preview plots are not available in this build.\n");
+    if (settings.preview) grid.plot();
     result.written = grid.writeGrd(settings.outputPath);
 
     std::string saved = vorn::formatString("\nIndex has been saved to grid file< %s >", settings.outputPath.c_str());

@@ -50,28 +50,6 @@ bool dragOutline(const myGrid& grid, const ads_point& base, ads_point& moved)
     return status == RTNORM;
 }
 
-// The lattice as lines: every node column, then every node row; every
-// tenth line in colour 6, the others in 7.
-void drawLattice(const myGrid& grid)
-{
-    auto addLine = [](const vorn::Point2& from, const vorn::Point2& to, int index) {
-        vorn::ObjectId id;
-        addPolylineFromPoints(id, planPoints({from, to}), false, 0.0, index % 10 == 0 ? 6 : 7);
-        acedUpdateDisplay();
-    };
-    vorn::Point2 from, to;
-    for (int i = 0; i <= grid.xNum; ++i) {
-        grid.getNodeXY(i, 0, from);
-        grid.getNodeXY(i, grid.yNum, to);
-        addLine(from, to, i);
-    }
-    for (int j = 0; j <= grid.yNum; ++j) {
-        grid.getNodeXY(0, j, from);
-        grid.getNodeXY(grid.xNum, j, to);
-        addLine(from, to, j);
-    }
-}
-
 }  // namespace
 
 void CGridTab::OnPickPoint()
@@ -146,10 +124,7 @@ void CGridTab::OnPreviewGrid()
     myGrid grid;
     buildGrid(grid);
     hideMainDialog();
-    if (grid.isDefined())
-        drawLattice(grid);
-    else
-        acutPrintf("\n Grid id not defined!");
+    grid.plotCodes(1);
     showMainDialog(true);
 }
 

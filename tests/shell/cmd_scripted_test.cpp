@@ -42,7 +42,7 @@ const ScriptedCase cases[] = {
     {.name = "widths below one are refused by their integer reading; the preview draws the lattice",
      .commands = {"vorn_setgrid"},
      .script = widthX + "0.9\npress \"< Preview Grid\"\nbox ok\n" + widthX + "1\nset \"Cell Width in Y Direction:\" 2\n" +
-               countX + "3\nset \"Number of Cells in Y Direction:\" 4\npress \"< Preview Grid\"\nok\n",
+               countX + "3\nset \"Number of Cells in Y Direction:\" 4\npress \"< Preview Grid\"\nK\nok\n",
      .status = 0, .shown = {"Error: Size of cells should lager than zero!"},
      .record = Strings{"3", "4", "1", "2", "0.000000", "0.000000", "0"}, .entities = 9},
     {.name = "a width of half is stored but comes back as ten", .commands = {"vorn_setGrid"},
@@ -76,7 +76,7 @@ const ScriptedCase cases[] = {
      .script = countX + "33\nok\nok\n", .profile = {{"GridXNum", "<none>"}}, .record = Strings{},
      .reopenShows = fieldNote("Number of Cells in X Direction:", "33")},
     {.name = "cancel keeps the record", .commands = {"vorn_setGrid"},
-     .script = countX + "33\npress \"< Preview Grid\"\ncancel\nok\n", .profile = {{"GridXNum", "<none>"}},
+     .script = countX + "33\npress \"< Preview Grid\"\n<enter>\ncancel\nok\n", .profile = {{"GridXNum", "<none>"}},
      .reopenShows = fieldNote("Number of Cells in X Direction:", "10")},
     {.name = "the end of the script cancels the panel", .commands = {"vorn_setGrid"}, .script = "", .status = 0,
      .shown = {"closes with Cancel"}, .absent = {"Document Base Grid"}},
