@@ -4,18 +4,15 @@
 #include <string>
 
 #include "base/report.h"
-#include "commands/command_support.h"
 #include "drawing/editor_port.h"
 #include "drawing/prompts.h"
+#include "grid/grid.h"
 #include "stressmodel/convkelgrid_panel.h"
 #include "stressmodel/keldar_flow.h"
 #include "stressmodel/keldar_panel.h"
 #include "stressmodel/topostress_panel.h"
 
 namespace {
-// Grid plots are not part of this build: a preview says so.
-void previewMissing(const char* command) { vorn::reportMissing(command, "the grid plot for the preview"); }
-
 // A prompt on the command line that waits for Enter; Escape is no answer.
 bool waitForEnter(const std::string& prompt)
 {
@@ -35,8 +32,10 @@ void vorn_topoStressModel()
     dlg_topostress panel;
     panel.command.drawingFolder = withSeparator(drawingFolder());
     panel.command.confirmContinue = waitForEnter;
-    panel.command.showResult = [](const std::string&) { previewMissing("vorn_topoStressModel"); };
-    panel.plotGrid = [](const myGrid&) { previewMissing("vorn_topoStressModel"); };
+    panel.command.showResult = [](const std::string& path) {
+        myGrid grid;
+        if (grid.readGrd(path, 1)) dlg_convkelgrid::plotPreview(grid);
+    };
     if (panel.DoModal() != IDOK) return;
     panel.command.run();
 }
@@ -52,6 +51,5 @@ void vorn_keldar()
 void vorn_convKelGrid()
 {
     dlg_convkelgrid panel;
-    panel.previewGrid = [](const myGrid&) { previewMissing("vorn_convKelGrid"); };
     panel.DoModal();
 }

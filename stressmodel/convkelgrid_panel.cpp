@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "drawing/editor_port.h"
 #include "drawing/prompts.h"
 #include "grid/grid.h"
 
@@ -76,12 +77,23 @@ void dlg_convkelgrid::OnDoubleClickList()
     if (!rowTexts.empty()) OnTransfer();
 }
 
+void dlg_convkelgrid::plotPreview(myGrid& grid)
+{
+    vorn::Point2 low, high;
+    grid.getNodeXY(0, 0, low);
+    grid.getNodeXY(grid.getXNum(), grid.getYNum(), high);
+    acedZoomWindow(ads_point{low.x, low.y, 0.0}, ads_point{high.x, high.y, 0.0});
+    grid.setPlotOptions(3, 2, "", true, false);
+    grid.plot();
+    acedZoomPrevious();
+}
+
 void dlg_convkelgrid::OnPreview()
 {
     size_t row = 0;
     if (!selectedIndex("No items were selected!", row)) return;
     setHidden(true);
     myGrid grid;
-    if (reader_.previewRow(row, grid) && previewGrid) previewGrid(grid);
+    if (reader_.previewRow(row, grid)) plotPreview(grid);
     setHidden(false);
 }

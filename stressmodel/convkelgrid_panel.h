@@ -3,7 +3,6 @@
 // file. The reading is CElementFileReader's (transfer.h).
 #pragma once
 
-#include <functional>
 #include <string>
 #include <vector>
 
@@ -27,8 +26,9 @@ public:
     void OnTransfer();
     void OnDoubleClickList();
 
-    // Draws the preview of a grid with the panel hidden; set by the command.
-    std::function<void(const myGrid& grid)> previewGrid;
+    // The preview plot of an item's grid: the view zoomed to the grid, the
+    // plot drawn as a preview, the view restored.
+    static void plotPreview(myGrid& grid);
 
     // A list row as the list shows it: its five columns without their outer
     // blanks, " | " between them.

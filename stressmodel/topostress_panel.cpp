@@ -4,6 +4,7 @@
 #include "drawing/prompts.h"
 #include "grid/grid.h"
 #include "shell/gridframe.h"
+#include "stressmodel/convkelgrid_panel.h"
 
 using vorn::PanelControl;
 
@@ -216,9 +217,9 @@ void dlg_topostress::OnOK()
     EndDialog(IDOK);
 }
 
-void dlg_topostress::plotHidden(const myGrid& grid)
+void dlg_topostress::plotHidden(myGrid& grid)
 {
     setHidden(true);
-    if (plotGrid) plotGrid(grid);
+    dlg_convkelgrid::plotPreview(grid);
     setHidden(false);
 }

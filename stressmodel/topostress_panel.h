@@ -4,7 +4,6 @@
 // CTopoStressCommand (topo_stress.h), which checks and runs it after OK.
 #pragma once
 
-#include <functional>
 #include <string>
 #include <vector>
 
@@ -77,9 +76,8 @@ public:
     // Checks the pages in order; the page that fails is activated.
     void OnOK() override;
 
-    // Draws a grid with the panel hidden; set by the command.
-    std::function<void(const myGrid& grid)> plotGrid;
-    void plotHidden(const myGrid& grid);
+    // Draws a grid as a preview plot with the panel hidden.
+    void plotHidden(myGrid& grid);
 
     CTopoStressCommand command;
     dlg_topostresstab1 surfacePage;

@@ -115,7 +115,7 @@ TEST_F(TransferPanel, TransferWritesWhatTheCommandLineWrites)
     EXPECT_EQ(readFile("panel.grd"), readFile("cli.grd"));
 }
 
-TEST_F(TransferPanel, ChecksAndPreviewSayWhatIsMissing)
+TEST_F(TransferPanel, ChecksAndPreview)
 {
     writeFile("model.f1", elementFile(1, 10, 10, 120.0));
     writeFile("empty.f1", "");
@@ -126,7 +126,7 @@ TEST_F(TransferPanel, ChecksAndPreviewSayWhatIsMissing)
                                "press \"Select\"\nfile " + path("empty.f1") + "\nbox ok\n"
                                "press \"Select\"\nfile " + path("model.f1") + "\n" + list + row + "\n"
                                "press \"Transfer...\"\nbox cancel\n"
-                               "press \"Preview...\"\nbox ok\n"
+                               "press \"Preview...\"\nbox ok\n<enter>\n"
                                "press \"&Exit\"\n";
     ScriptedRun run = runScripted("vorn_convKelGrid", script);
     EXPECT_TRUE(contains(run.transcript, "No items were selected!\n")) << run.transcript;
@@ -134,7 +134,8 @@ TEST_F(TransferPanel, ChecksAndPreviewSayWhatIsMissing)
     EXPECT_TRUE(contains(run.transcript, "Current Keldar file: None"));
     EXPECT_TRUE(contains(run.transcript, "Preview the item: Total Vertical Stress <2> in step 1"));
     EXPECT_TRUE(contains(run.transcript, "\nLoading ..."));
-    EXPECT_TRUE(contains(run.transcript, "vorn_convKelGrid: the grid plot for the preview is not available in this build."));
+    EXPECT_TRUE(contains(run.transcript, "\n <Enter> key to continue ..."));
+    EXPECT_TRUE(contains(run.transcript, "[panel \"Grid Transfer from Keldar Output\" hidden]"));
     EXPECT_EQ(std::distance(fs::directory_iterator(folder_), fs::directory_iterator()), 2);
 }
 
