@@ -56,6 +56,7 @@ int genFactor(const GenFactorArgs& args)
     conversion.tendency = args.tendency;
     if (!completeFromInput(args, conversion)) {
         finishTerminalLine();
+        explainReadFailure(args.input, "a grid file");
         return kExitFailure;
     }
     if (conversion.function == kFunctionLinear && conversion.upper - conversion.lower <= 1e-10) {
@@ -64,6 +65,8 @@ int genFactor(const GenFactorArgs& args)
     }
     FactorConversionResult result = runFactorConversion(conversion);
     finishTerminalLine();
+    if (!result.read) explainReadFailure(args.input, "a grid file");
+    else if (!result.written) explainWriteFailure(args.output);
     return result.read && result.written ? kExitOk : kExitFailure;
 }
 
@@ -77,12 +80,14 @@ CommandGroup group{10, [](CLI::App& parser, Action& action) {
                                                {"exponential", kFunctionExponential},
                                                {"none", kFunctionNone}};
     const std::map<std::string, int> tendencies{{"normal", kTendencyNormal}, {"inverse", kTendencyInverse}};
-    sub->add_option("--function", args->function, "linear|step|exponential|none")
+    sub->add_option("--function", args->function, "how the factor maps to the index")
         ->required()
-        ->transform(CLI::CheckedTransformer(functions, CLI::ignore_case));
-    sub->add_option("--tendency", args->tendency, "normal|inverse")
+        ->type_name("linear|step|exponential|none")
+        ->transform(CLI::CheckedTransformer(functions, CLI::ignore_case).description(""));
+    sub->add_option("--tendency", args->tendency, "normal: the index rises with the factor between the bounds; inverse: it falls")
         ->required()
-        ->transform(CLI::CheckedTransformer(tendencies, CLI::ignore_case));
+        ->type_name("normal|inverse")
+        ->transform(CLI::CheckedTransformer(tendencies, CLI::ignore_case).description(""));
     sub->add_option("--lower", args->lower, "lower limit L (default: from the grid)");
     sub->add_option("--upper", args->upper, "upper limit U (default: from the grid)");
     sub->add_option("--description", args->description, "title of the index grid (default: title + \" Index\")");

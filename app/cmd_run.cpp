@@ -5,6 +5,8 @@
 #include <string>
 
 #include "app/commands.h"
+#include "base/nearest_name.h"
+#include "commands/command_help.h"
 #include "host/docs_session.h"
 
 namespace vorn::app {
@@ -18,6 +20,17 @@ struct RunOptions {
     std::string transcript;
 };
 
+// "unknown command", with the nearest of the 32 names when one is close.
+std::string unknownCommand(const std::string& typed)
+{
+    std::vector<std::string> names;
+    for (const CommandHelp& entry : commandHelp()) names.push_back(entry.name);
+    std::string text = "unknown command \"" + typed + "\"";
+    std::string nearest = nearestName(typed[0] == '_' ? typed.substr(1) : typed, names);
+    if (!nearest.empty()) text += "; did you mean \"" + nearest + "\"?";
+    return text + " (vornmark run --help lists the commands)";
+}
+
 int runCommand(const RunOptions& options)
 {
     SessionOptions sessionOptions;
@@ -30,7 +43,7 @@ int runCommand(const RunOptions& options)
         std::fprintf(stderr, "vornmark: %s\n", error.c_str());
         return kExitFailure;
     }
-    if (!app->knowsCommand(options.command)) throw UsageError{"unknown command \"" + options.command + "\""};
+    if (!app->knowsCommand(options.command)) throw UsageError{unknownCommand(options.command)};
     int status = app->runCommand(options.command);
     std::fputs("\n", stdout);
     if (status == 0 && !options.save.empty() && !app->save(options.save, error)) {
@@ -48,6 +61,8 @@ CommandGroup group{80, [](CLI::App& parser, Action& action) {
     sub->add_option("--save", options->save, "Save the drawing to this DXF file afterwards");
     sub->add_option("--script", options->script, "Script file answering the command's requests");
     sub->add_option("--transcript", options->transcript, "Write everything said and asked to this file");
+    sub->footer("\nCommands (name, [menu caption], what it does):\n" + commandListing() +
+                "\nvornmark shell: help COMMAND says which panel a command opens.");
     sub->callback([&action, options] { action = [options] { return runCommand(*options); }; });
 }};
 

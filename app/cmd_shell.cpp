@@ -1,12 +1,13 @@
 // `vornmark shell [DRAWING.dxf]`: the interactive command line. Commands
 // are typed by name; prompts are answered on the terminal and panels are
 // shown as numbered forms. "save [FILE]" writes the drawing, "quit" ends;
-// "unload" and "load" send the application those messages and "menubar"
-// lists the pull-downs on the host's menu bar.
+// "unload" and "load" send the application those messages, "menubar"
+// lists the pull-downs on the host's menu bar and "help" the commands.
 #include <cstdio>
 #include <string>
 
 #include "app/commands.h"
+#include "commands/command_help.h"
 #include "host/docs_session.h"
 #include "host/host_text.h"
 #include "base/textnum.h"
@@ -40,6 +41,21 @@ void printMenuBar(const HostMenuBar& bar)
     std::printf("%s\n", line.c_str());
 }
 
+// "help" lists the commands and the shell's own words; "help COMMAND"
+// describes one command.
+void printHelp(const std::string& topic)
+{
+    if (topic.empty()) {
+        std::printf("Commands (name, [menu caption], what it does):\n%s", commandListing().c_str());
+        std::printf("\nShell: help [COMMAND], save [FILE.dxf], load, unload, menubar, quit\n");
+        return;
+    }
+    if (const CommandHelp* help = findCommandHelp(topic))
+        std::printf("%s", commandDetail(*help).c_str());
+    else
+        std::printf("No command \"%s\"; help lists the commands.\n", topic.c_str());
+}
+
 int runShell(const std::string& drawing)
 {
     SessionOptions options;
@@ -61,6 +77,8 @@ int runShell(const std::string& drawing)
             app->load();
         else if (iequals(word, "unload"))
             app->unload();
+        else if (iequals(word, "help"))
+            printHelp(trimBlanks(line.substr(word.size())));
         else if (iequals(word, "menubar"))
             printMenuBar(app->menuBar());
         else

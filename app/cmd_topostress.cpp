@@ -155,9 +155,11 @@ CommandGroup group{42, [](CLI::App& parser, Action& action) {
     sub->add_option("OUTPUT", options->outputPath, "stress grid to write (.grd); the .tmp and .out files go beside it")
         ->required();
     sub->add_option("--units", options->units, "1 inches/Psi, 2 feet/Psi (default), 3 meters/Pa, 4 meters/MPa")
-        ->check(CLI::Range(1, 4));
+        ->type_name("1|2|3|4")
+        ->check(CLI::Range(1, 4).description(""));
     sub->add_option("--surface", options->surface, "what the surface grid holds (default thickness)")
-        ->check(CLI::IsMember({"thickness", "elevation"}));
+        ->type_name("thickness|elevation")
+        ->check(CLI::IsMember({"thickness", "elevation"}).description(""));
     addSeamOptions(sub, *options);
     addPropertyOptions(sub, *options);
     sub->callback([&action, options] { action = [options] { return runTopoStress(*options); }; });

@@ -4,6 +4,7 @@
 #include <memory>
 #include <string>
 
+#include "app/cli_util.h"
 #include "app/commands.h"
 #include "base/report.h"
 #include "base/textnum.h"
@@ -19,16 +20,6 @@ struct TransferOptions {
     int item = 0;
     bool list = false;
 };
-
-void printItemList(const CElementFileReader& reader)
-{
-    acutPrintf("%s\n", reader.fileLabel().c_str());
-    acutPrintf("Item#\tItem Name\tUnit\tStep\tComments\n");
-    for (const CElementItemRow& row : reader.rows()) {
-        acutPrintf("%s\t%s\t%s\t%s\t%s\n", row.number.c_str(), row.name.c_str(), row.unit.c_str(), row.step.c_str(),
-                   row.comments.c_str());
-    }
-}
 
 // The list row of item `item` of step `step`, both counted from 1.
 size_t rowOfItem(const CElementFileReader& reader, int step, int item)

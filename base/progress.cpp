@@ -1,6 +1,7 @@
 #include "base/progress.h"
 
 #include <cstdio>
+#include <sys/ioctl.h>
 #include <unistd.h>
 
 #include "base/textnum.h"
@@ -8,8 +9,28 @@
 
 namespace {
 constexpr auto kRedrawInterval = std::chrono::milliseconds(100);
-constexpr std::size_t kLineWidth = 79;
+constexpr std::size_t kFallbackWidth = 80;
+
+// The progress line on the terminal, if one is drawn: console text erases
+// it before it prints and the next redraw brings it back.
+bool lineShown = false;
+
+// One less than the terminal's width, so the cursor never wraps.
+std::size_t lineWidth()
+{
+    winsize size{};
+    std::size_t columns = ioctl(STDERR_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col > 0 ? size.ws_col : kFallbackWidth;
+    return columns > 1 ? columns - 1 : 1;
+}
 }  // namespace
+
+void vorn::eraseProgressLine()
+{
+    if (!lineShown) return;
+    std::fprintf(stderr, "\r\033[K");
+    std::fflush(stderr);
+    lineShown = false;
+}
 
 CProgressWnd::CProgressWnd(void* parent, const std::string& caption, bool smooth)
     : caption_(caption), title_(caption), onTerminal_(isatty(STDERR_FILENO) != 0)
@@ -97,19 +118,19 @@ void CProgressWnd::draw(bool force)
 {
     if (!onTerminal_ || hidden_) return;
     const auto now = std::chrono::steady_clock::now();
-    if (!force && drawn_ && now - lastDraw_ < kRedrawInterval) return;
+    if (!force && drawn_ && lineShown && now - lastDraw_ < kRedrawInterval) return;
     lastDraw_ = now;
     std::string line = text_.empty() ? title_ : title_ + "  " + text_;
-    if (line.size() > kLineWidth) line.resize(kLineWidth);
+    if (line.size() > lineWidth()) line.resize(lineWidth());
     std::fprintf(stderr, "\r%s\033[K", line.c_str());
     std::fflush(stderr);
     drawn_ = true;
+    lineShown = true;
 }
 
 void CProgressWnd::erase()
 {
     if (!drawn_) return;
-    std::fprintf(stderr, "\r\033[K");
-    std::fflush(stderr);
+    vorn::eraseProgressLine();
     drawn_ = false;
 }

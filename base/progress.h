@@ -1,7 +1,7 @@
 // The progress window of long calculations, in its terminal form: the
-// caption with status and percent, and the text line, redrawn in place on
-// standard error (at most ten times a second, and only when standard error
-// is a terminal). Cancel is the user break (Ctrl-C): `peekAndPump(true)` turns a
+// caption with status and percent, and the text line, on one line of
+// standard error that rewrites itself, cut to the terminal's width (at most
+// ten times a second, and only when standard error is a terminal). Cancel is the user break (Ctrl-C): `peekAndPump(true)` turns a
 // pending user break into the window's `cancelled` state, which stays set
 // until `clear`.
 #pragma once
@@ -62,3 +62,9 @@ private:
     bool drawn_ = false;
     std::chrono::steady_clock::time_point lastDraw_{};
 };
+
+namespace vorn {
+// Takes the progress line off the terminal, if one is shown, so that other
+// text can be written to standard error; the next redraw shows it again.
+void eraseProgressLine();
+}  // namespace vorn

@@ -1,7 +1,10 @@
 #include "base/report.h"
 
+#include <unistd.h>
+
 #include <cstdio>
 
+#include "base/progress.h"
 #include "base/textnum.h"
 
 namespace vorn {
@@ -59,9 +62,19 @@ int StandardReporter::messageBox(const std::string& text, const std::string& cap
 
 void StandardReporter::console(const std::string& text)
 {
+    if (!consoleShown()) return;
+    eraseProgressLine();
     std::fwrite(text.data(), 1, text.size(), stderr);
     std::fflush(stderr);
 }
+
+namespace {
+bool consoleVerbose = false;
+}  // namespace
+
+void setConsoleVerbose(bool verbose) { consoleVerbose = verbose; }
+
+bool consoleShown() { return consoleVerbose || isatty(STDERR_FILENO) == 0; }
 
 int CaptureReporter::messageBox(const std::string& text, const std::string& caption, unsigned type)
 {

@@ -103,6 +103,12 @@ public:
     void console(const std::string& text) override { consoleText += text; }
 };
 
+// The console lines of the numerics go to standard error when it is not a
+// terminal; on a terminal the progress line stands in for them unless
+// verbose output was asked for (`--verbose`).
+void setConsoleVerbose(bool verbose);
+bool consoleShown();
+
 // The reporter in use; a StandardReporter unless a host installs another.
 Reporter& reporter();
 // Installs a reporter (not owned); nullptr restores the standard one.

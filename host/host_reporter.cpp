@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "drawing/editor_port.h"
+#include "base/progress.h"
 #include "base/textnum.h"
 
 namespace vorn {
@@ -43,7 +44,16 @@ void HostReporter::print(const std::string& text)
     transcript_.printed(text);
 }
 
-void HostReporter::console(const std::string& text) { write(err_, text); }
+// Console lines are kept in the transcript as they are; standard error
+// shows them by the rule of `consoleShown`.
+void HostReporter::console(const std::string& text)
+{
+    transcript_.printed(text);
+    if (err_ != stderr || consoleShown()) {
+        if (err_ == stderr) eraseProgressLine();
+        write(err_, text);
+    }
+}
 
 void HostReporter::echoAnswer(const std::string& answer)
 {

@@ -11,7 +11,7 @@ TEST_F(Cli, GridInfoDescribesAndFailsOnUnknownNames)
     EXPECT_EQ(vornmark("grid info " + example()), 0);
     EXPECT_EQ(read("out.txt").rfind("\nOverburden Depth\r\nGrid Orign: 1000.000000,  2000.000000,  0.000000", 0), 0u);
     EXPECT_EQ(vornmark("grid info " + path("x.txt")), 1);
-    EXPECT_EQ(read("err.txt"), "Unknown grid file !\n");
+    EXPECT_EQ(read("err.txt"), "Unknown grid file !\nvornmark: " + path("x.txt") + ": No such file or directory\n");
     EXPECT_EQ(vornmark("grid info"), 2);
     EXPECT_EQ(vornmark("grid info --help"), 0);
 }
