@@ -5,7 +5,7 @@ BUILD      ?= build
 ASAN_BUILD ?= build-asan
 JOBS       ?= $(shell nproc)
 DEB_PACKAGES = cmake make g++ libgtest-dev libgmock-dev libbenchmark-dev \
-               libcli11-dev libboost-dev python3-ezdxf
+               libcli11-dev libboost-dev python3-ezdxf gdal-bin
 
 .PHONY: all deps configure build test demo sanitize bench clean
 

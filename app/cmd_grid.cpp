@@ -102,7 +102,7 @@ int gridPlot(const PlotArgs& args)
 {
     if (!hasExtension(args.output, ".dxf")) throw UsageError{"the output must end in .dxf: " + args.output};
     myGrid grid;
-    if (!readGridByName(grid, args.input, 1)) return kExitFailure;
+    if (!readGridFile(grid, args.input)) return kExitFailure;
     std::string error;
     SessionOptions options;
     options.answering = SessionOptions::Answering::None;
@@ -130,14 +130,14 @@ int gridPlot(const PlotArgs& args)
 int gridStats(const std::string& input, const std::string& other)
 {
     myGrid grid;
-    if (!readGridByName(grid, input, 1)) return kExitFailure;
+    if (!readGridFile(grid, input)) return kExitFailure;
     if (other.empty()) {
         grid.computeStatistics({}, {}, 50.0);
         acutPrintf("\nStatistics:");
         for (const std::string& line : statisticLines(grid)) acutPrintf("\n%s", line.c_str());
     } else {
         myGrid second;
-        if (!readGridByName(second, other, 1)) return kExitFailure;
+        if (!readGridFile(second, other)) return kExitFailure;
         for (const std::string& line : correlationLines(grid, second, other)) acutPrintf("\n%s.", line.c_str());
     }
     acutPrintf("\n");

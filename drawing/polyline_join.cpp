@@ -2,6 +2,10 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
+#include <cstdint>
+#include <optional>
+#include <unordered_map>
 
 #include "drawing/database_port.h"
 #include "drawing/platform.h"
@@ -53,25 +57,110 @@ bool readPolyline(ObjectId id, Entity& out)
     return database()->readEntity(id, out) == vorn::eOk && out.as<LwPolyline>();
 }
 
-// Tries every other polyline of the list against the seed, erasing those
-// added to it; answers whether the seed grew.
-bool growSeed(LwPolyline& seed, std::vector<ObjectId>& ids)
-{
-    bool grew = false;
-    for (size_t k = 0; k < ids.size();) {
-        Entity other;
-        if (!readPolyline(ids[k], other) ||
-            !appendPolyline(seed, *other.as<LwPolyline>(), matchPolylineEnds(seed, *other.as<LwPolyline>()))) {
-            ++k;
-            continue;
-        }
-        database()->erase(ids[k]);
-        ids.erase(ids.begin() + static_cast<std::ptrdiff_t>(k));
-        ++joinCount;
-        grew = true;
+// The ends of the polylines of a join in a hash of plan cells, so that a
+// seed finds the polylines that may meet it without reading every other.
+class EndIndex {
+public:
+    void add(std::size_t rank, const Point3d& p) { cells_[keyOf(p.x, p.y)].push_back(rank); }
+
+    // Ranks of the ends in the cells around p (a superset of those within
+    // the point tolerance of it).
+    template <class Visit>
+    void near(const Point3d& p, Visit visit) const
+    {
+        auto [kx, ky] = keyOf(p.x, p.y);
+        for (std::int64_t dx = -1; dx <= 1; ++dx)
+            for (std::int64_t dy = -1; dy <= 1; ++dy)
+                if (auto found = cells_.find({kx + dx, ky + dy}); found != cells_.end())
+                    for (std::size_t rank : found->second) visit(rank);
     }
-    return grew;
-}
+
+private:
+    using Key = std::pair<std::int64_t, std::int64_t>;
+    struct KeyHash {
+        std::size_t operator()(const Key& k) const { return std::hash<std::int64_t>()(k.first * 1000003 ^ k.second); }
+    };
+    // Far wider than the point tolerance, so that points within it lie in
+    // the same or a neighbouring cell.
+    static constexpr double kCell = 1e-3;
+    static Key keyOf(double x, double y)
+    {
+        return {static_cast<std::int64_t>(std::floor(x / kCell)), static_cast<std::int64_t>(std::floor(y / kCell))};
+    }
+    std::unordered_map<Key, std::vector<std::size_t>, KeyHash> cells_;
+};
+
+// The join over a list of ids in the order the list gives them. Each id in
+// turn becomes the seed, unless it was added to an earlier one; the later
+// polylines are tried against it in list order, each against the seed's
+// ends as they stand when its turn comes, and the whole pass is repeated
+// while the seed grows. Only polylines with an end at one of the seed's
+// ends are read from the end index, which gives the same joins in the
+// same order as trying every later polyline.
+class SetJoin {
+public:
+    explicit SetJoin(const std::vector<ObjectId>& ids) : ids_(ids), lines_(ids.size()), joined_(ids.size(), false)
+    {
+        for (std::size_t r = 0; r < ids.size(); ++r) {
+            Entity entity;
+            if (!readPolyline(ids[r], entity) || entity.as<LwPolyline>()->vertices.empty()) continue;
+            lines_[r] = *entity.as<LwPolyline>();
+            ends_.add(r, startOf(*lines_[r]));
+            ends_.add(r, endOf(*lines_[r]));
+        }
+    }
+
+    // The seeds that grew, in the order they first grew.
+    std::vector<ObjectId> run()
+    {
+        std::vector<ObjectId> grown;
+        for (std::size_t seed = 0; seed + 1 < ids_.size(); ++seed) {
+            if (joined_[seed] || !lines_[seed]) continue;
+            Entity entity;
+            while (readPolyline(ids_[seed], entity) && growPass(seed, *entity.as<LwPolyline>())) {
+                database()->writeEntity(entity);
+                if (grown.empty() || grown.back() != ids_[seed]) grown.push_back(ids_[seed]);
+            }
+        }
+        return grown;
+    }
+
+private:
+    // One pass of the later polylines against the seed; whether it grew.
+    bool growPass(std::size_t seedRank, LwPolyline& seed)
+    {
+        bool grew = false;
+        for (std::size_t from = seedRank + 1;;) {
+            std::size_t next = nextMeeting(seed, from);
+            if (next == kNone) return grew;
+            from = next + 1;
+            // One that cannot be erased (a locked layer) is not added either.
+            if (database()->erase(ids_[next]) != vorn::eOk) continue;
+            appendPolyline(seed, *lines_[next], matchPolylineEnds(seed, *lines_[next]));
+            joined_[next] = true;
+            ++joinCount;
+            grew = true;
+        }
+    }
+
+    // The first polyline at or after `from` that meets one of the seed's ends.
+    std::size_t nextMeeting(const LwPolyline& seed, std::size_t from) const
+    {
+        std::size_t best = kNone;
+        auto consider = [&](std::size_t r) {
+            if (r >= from && r < best && !joined_[r] && matchPolylineEnds(seed, *lines_[r]) > 0) best = r;
+        };
+        ends_.near(startOf(seed), consider);
+        ends_.near(endOf(seed), consider);
+        return best;
+    }
+
+    static constexpr std::size_t kNone = static_cast<std::size_t>(-1);
+    const std::vector<ObjectId>& ids_;
+    std::vector<std::optional<LwPolyline>> lines_;
+    std::vector<bool> joined_;
+    EndIndex ends_;
+};
 
 // Unites the region at `later` into `merged` when their colours agree; the
 // emptied partner is written back and stays in the drawing.
@@ -132,18 +221,7 @@ void joinPolylineSet(std::vector<ObjectId>& ids)
 {
     if (ids.size() < 2 || !database())
         return;
-    std::vector<ObjectId> grown;
-    while (ids.size() > 1) {
-        ObjectId seedId = ids.front();
-        ids.erase(ids.begin());
-        Entity seed;
-        if (!readPolyline(seedId, seed) || !growSeed(*seed.as<LwPolyline>(), ids))
-            continue;
-        database()->writeEntity(seed);
-        ids.insert(ids.begin(), seedId);
-        if (std::find(grown.begin(), grown.end(), seedId) == grown.end())
-            grown.push_back(seedId);
-    }
+    std::vector<ObjectId> grown = SetJoin(ids).run();
     ids = grown;
 }
 

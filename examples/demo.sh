@@ -51,4 +51,5 @@ echo "-- and in the profile ($VORNMARK_PROFILE):"
 cat "$VORNMARK_PROFILE"
 echo
 bash "$HERE/grid/demo.sh" "$VORNMARK" "$OUT"
+bash "$HERE/polylines/demo.sh" "$VORNMARK"
 echo "Results are in $OUT"

@@ -169,4 +169,22 @@ TEST(ScriptedCommands, SaveAsWritesAGridDefinitionThatImportReadsBackAndOtherFil
     std::remove(plain.c_str());
 }
 
+TEST(ScriptedCommands, GridUtilityDefinesANewGridInTheFrameAndSavesIt)
+{
+    std::string path = (std::filesystem::temp_directory_path() / "vorn_cmd_utility_new.grd").string();
+    std::remove(path.c_str());
+    ScriptedApp app("press \"New Grid ...\"\n" + countX + "3\nok\nfile " + path +
+                    "\npress \"Save As ...\"\nfile " + path + "\nok\n");
+    EXPECT_EQ(app.run("vorn_gridUtility"), 0);
+    EXPECT_TRUE(contains(app.transcript(), "[panel \"Grid Utility\" opens"));
+    EXPECT_TRUE(contains(app.transcript(), "[panel \"Define a Grid\" opens"));
+    EXPECT_TRUE(contains(app.transcript(), "New Grid Defined ! ( 3 X 10 ) for " + path));
+    EXPECT_FALSE(contains(app.transcript(), "Do you want exit anyway?"));
+    myGrid saved;
+    ASSERT_TRUE(saved.readGrd(path));
+    EXPECT_EQ(saved.xNum, 3);
+    EXPECT_EQ(saved.getValue(1, 1), 0.0);
+    std::remove(path.c_str());
+}
+
 }  // namespace
