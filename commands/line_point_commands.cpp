@@ -1,24 +1,46 @@
 #include "commands/commands.h"
 
-#include "commands/command_support.h"
+#include "generators/contour_tab.h"
+#include "generators/features_tab.h"
+#include "generators/points_tab.h"
+#include "shell/gridframe.h"
 
-void vorn_gridFromContour()
+namespace {
+
+// The dialog template ids of the pages.
+constexpr unsigned IDD_TOPOTAB = 140;
+constexpr unsigned IDD_POINTSTAB = 141;
+constexpr unsigned IDD_GEOFEATURETAB = 142;
+
+// Runs the frame "Grid Dimension" and the page "Build Grid"; a cancelled
+// frame still lets the user save a built grid.
+void runBuildGridFrame(const char* title, unsigned resourceId, vorn::CLinePointPage& page)
 {
-    runGridFrame("vorn_gridFromContour", "Create Grid from Contours", {"the page \"Build Grid\" (contours)"});
+    GridFrame frame(title);
+    frame.addPage("Build Grid", resourceId, &page);
+    if (frame.run() != IDOK) page.offerSaveOnCancel();
 }
 
-void vorn_topoGrid()
+void runContourFrame(const char* title, bool topography)
 {
-    runGridFrame("vorn_topoGrid", "Topography Grid Generator for Keldar", {"the page \"Build Grid\" (topography)"});
+    CTopoTab page(topography);
+    runBuildGridFrame(title, IDD_TOPOTAB, page);
 }
+
+}  // namespace
+
+void vorn_gridFromContour() { runContourFrame("Create Grid from Contours", false); }
+
+void vorn_topoGrid() { runContourFrame("Topography Grid Generator for Keldar", true); }
 
 void vorn_gridFromPoint()
 {
-    runGridFrame("vorn_gridFromPoint", "Create Grid from Survey Points", {"the page \"Build Grid\" (survey points)"});
+    CPointsTab page;
+    runBuildGridFrame("Create Grid from Survey Points", IDD_POINTSTAB, page);
 }
 
 void vorn_geoFeatures()
 {
-    runGridFrame("vorn_geoFeatures", "Create Grid from Linear Geological Features",
-                 {"the page \"Build Grid\" (linear features)"});
+    CGeoFeatureTab page;
+    runBuildGridFrame("Create Grid from Linear Geological Features", IDD_GEOFEATURETAB, page);
 }

@@ -34,6 +34,7 @@ struct PanelControl {
     // after the user changed the value (an edit losing the focus, a click
     // on a check box, a new choice in a list).
     std::function<void()> action;
+    // Edit: the user cannot type; button: disabled.
     bool readOnly = false;
 
     // The value as a driver shows it: the text, "on"/"off", or "" for a button.

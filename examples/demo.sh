@@ -52,4 +52,7 @@ cat "$VORNMARK_PROFILE"
 echo
 bash "$HERE/grid/demo.sh" "$VORNMARK" "$OUT"
 bash "$HERE/polylines/demo.sh" "$VORNMARK"
+bash "$HERE/stability/demo.sh" "$VORNMARK" "$OUT"
+bash "$HERE/geology/demo.sh" "$VORNMARK" "$OUT"
+echo
 echo "Results are in $OUT"

@@ -43,10 +43,12 @@ const char* actionWord(PanelAnswer::Action action)
 bool fits(PanelAnswer::Action action, const PanelControl& control)
 {
     switch (action) {
-    case PanelAnswer::Action::Set: return control.kind == ControlKind::Edit && !control.readOnly;
+    // A combo box takes typed text too; a read-only button is disabled.
+    case PanelAnswer::Action::Set:
+        return (control.kind == ControlKind::Edit || control.kind == ControlKind::Combo) && !control.readOnly;
     case PanelAnswer::Action::Check: return control.kind == ControlKind::Check || control.kind == ControlKind::Radio;
     case PanelAnswer::Action::Choose: return control.kind == ControlKind::List || control.kind == ControlKind::Combo;
-    case PanelAnswer::Action::Press: return control.kind == ControlKind::Button;
+    case PanelAnswer::Action::Press: return control.kind == ControlKind::Button && !control.readOnly;
     default: return false;
     }
 }
@@ -125,7 +127,8 @@ void PanelDriver::applyToControl(Panel& panel, const PanelAnswer& answer)
     PanelControl& control = controls[static_cast<size_t>(found - captions.begin())];
     if (!fits(answer.action, control)) {
         refuse(answer, formatString("%s cannot be used on the %s%s %s", actionWord(answer.action),
-                                    control.readOnly ? "read-only " : "", controlKindName(control.kind),
+                                    !control.readOnly ? "" : control.kind == ControlKind::Button ? "disabled " : "read-only ",
+                                    controlKindName(control.kind),
                                     quoted(control.caption).c_str()));
         return;
     }

@@ -22,7 +22,14 @@ public:
                 comboControl("Layer", layer, layers),
                 listControl("Kind", kind, kinds),
                 buttonControl("Go", [this] { ++presses; }),
-                buttonControl("Go", [this] { presses += 10; })};
+                buttonControl("Go", [this] { presses += 10; }),
+                disabledButton()};
+    }
+    static PanelControl disabledButton()
+    {
+        PanelControl off = buttonControl("Off", [] {});
+        off.readOnly = true;
+        return off;
     }
     std::string name = "a";
     bool keep = false;
@@ -45,14 +52,14 @@ struct Driven {
 TEST(PanelDriver, SetsChecksChoosesAndPressesByCaption)
 {
     Driven run("set \"Name:\" pillar one\ncheck \"Keep\" on\ncheck \"Colour\" off\nchoose \"Layer\" Pillars\n"
-               "choose \"Kind\" area\npress \"Go [2]\"\nok\n");
+               "choose \"Kind\" area\npress \"Go [2]\"\nset \"Layer\" Typed\nok\n");
     ToyPanel panel;
     EXPECT_EQ(run.driver.runModal(panel), 1);
     EXPECT_EQ(panel.name, "pillar one");
     EXPECT_EQ(panel.edits, 1);
     EXPECT_TRUE(panel.keep);
     EXPECT_FALSE(panel.colour);
-    EXPECT_EQ(panel.layer, "Pillars");
+    EXPECT_EQ(panel.layer, "Typed") << "a combo box takes typed text";
     EXPECT_EQ(panel.kind, "area");
     EXPECT_EQ(panel.presses, 10);
     EXPECT_NE(run.transcript.text().find("  check \"Keep\" = \"on\""), std::string::npos);
@@ -61,7 +68,8 @@ TEST(PanelDriver, SetsChecksChoosesAndPressesByCaption)
 
 TEST(PanelDriver, RefusesItemsAndActionsThatDoNotFit)
 {
-    for (const char* line : {"choose \"Layer\" Gob\n", "press \"Name:\"\n", "set \"Go\" 5\n", "check \"Layer\" on\n"}) {
+    for (const char* line : {"choose \"Layer\" Gob\n", "press \"Name:\"\n", "set \"Go\" 5\n", "check \"Layer\" on\n",
+                             "press \"Off\"\n"}) {
         Driven run(line);
         ToyPanel panel;
         EXPECT_THROW(run.driver.runModal(panel), ScriptError) << line;
