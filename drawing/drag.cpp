@@ -105,6 +105,7 @@ private:
     void transform(vorn::Text& s) const
     {
         s.position = (*this)(s.position);
+        s.alignment = (*this)(s.alignment);
         s.height *= scale_;
         s.rotation += angle_;
     }

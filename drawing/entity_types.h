@@ -129,6 +129,12 @@ struct Text {
     double height = 1.0;
     double rotation = 0.0;  // radians
     std::string text;
+    // Justification: horizontal 0 left, 1 centre, 2 right; vertical 0
+    // baseline, 1 bottom, 2 middle, 3 top. Unless both are 0 the text
+    // stands at `alignment`.
+    int horizontalMode = 0;
+    int verticalMode = 0;
+    Point3d alignment{};
     friend bool operator==(const Text&, const Text&) = default;
 };
 

@@ -21,17 +21,26 @@ double doubleSignedArea(const std::vector<Point2d>& pts)
     return sum;
 }
 
-// The points without neighbours that repeat one another (the last point is
-// the first's neighbour).
-std::vector<Point2d> withoutRepeats(const std::vector<Point2d>& pts, double tol)
+// Point2d::isEqualTo without the square root where one coordinate alone
+// tells the points apart (the distance is never below either difference):
+// the same answer, and the cell loops ask it for every clipped cell.
+bool samePoint(const Point2d& a, const Point2d& b, double tol)
 {
-    std::vector<Point2d> out;
+    if (std::fabs(a.x - b.x) > tol || std::fabs(a.y - b.y) > tol)
+        return false;
+    return a.isEqualTo(b, tol);
+}
+
+// The points without neighbours that repeat one another (the last point is
+// the first's neighbour), into `out`.
+void withoutRepeats(const std::vector<Point2d>& pts, std::vector<Point2d>& out, double tol)
+{
+    out.clear();
     for (const Point2d& p : pts)
-        if (out.empty() || !out.back().isEqualTo(p, tol))
+        if (out.empty() || !samePoint(out.back(), p, tol))
             out.push_back(p);
-    while (out.size() > 1 && out.front().isEqualTo(out.back(), tol))
+    while (out.size() > 1 && samePoint(out.front(), out.back(), tol))
         out.pop_back();
-    return out;
 }
 
 // True when all points lie within `tol` of one line (or of one point).
@@ -126,7 +135,8 @@ double ClipEdge::distance(const Point2d& p) const
 bool ClipBoundary2d::set(const std::vector<Point2d>& boundary)
 {
     edges_.clear();
-    std::vector<Point2d> corners = withoutRepeats(boundary, kPointTolerance);
+    std::vector<Point2d>& corners = corners_;
+    withoutRepeats(boundary, corners, kPointTolerance);
     if (corners.size() < 3 || hasNoWidth(corners, kPointTolerance))
         return false;
     if (doubleSignedArea(corners) < 0.0)
@@ -141,20 +151,26 @@ bool ClipBoundary2d::set(const std::vector<Point2d>& boundary)
 
 std::vector<Point2d> ClipBoundary2d::clipPolygon(const std::vector<Point2d>& polygon) const
 {
-    if (edges_.empty())
-        return {};
-    if (polygon.empty())
-        return {};
     std::vector<Point2d> result;
-    std::vector<Point2d> next;
+    std::vector<Point2d> scratch;
+    clipPolygonInto(polygon, result, scratch);
+    return result;
+}
+
+void ClipBoundary2d::clipPolygonInto(const std::vector<Point2d>& polygon, std::vector<Point2d>& result,
+                                     std::vector<Point2d>& scratch) const
+{
+    result.clear();
+    if (edges_.empty() || polygon.empty())
+        return;
     clipByEdge(polygon, result, edges_[0]);
     for (size_t i = 1; i < edges_.size() && !result.empty(); ++i) {
-        clipByEdge(result, next, edges_[i]);
-        result.swap(next);
+        clipByEdge(result, scratch, edges_[i]);
+        result.swap(scratch);
     }
-    if (hasNoWidth(withoutRepeats(result, kPointTolerance), kPointTolerance))
-        return {};
-    return result;
+    withoutRepeats(result, scratch, kPointTolerance);
+    if (hasNoWidth(scratch, kPointTolerance))
+        result.clear();
 }
 
 }  // namespace vorn

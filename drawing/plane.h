@@ -45,9 +45,15 @@ public:
     // The part of `polygon` inside the boundary, or an empty list when they
     // share no area (a polygon that only touches the boundary included).
     std::vector<Point2d> clipPolygon(const std::vector<Point2d>& polygon) const;
+    // The same cut into `result`, with `scratch` as the second buffer of the
+    // passes. Both keep their room from call to call, so that a loop that
+    // clips cell after cell allocates nothing once they have grown.
+    void clipPolygonInto(const std::vector<Point2d>& polygon, std::vector<Point2d>& result,
+                         std::vector<Point2d>& scratch) const;
 
 private:
     std::vector<ClipEdge> edges_;  // counter-clockwise
+    std::vector<Point2d> corners_;  // the boundary without repeats, kept for its room
 };
 
 }  // namespace vorn

@@ -128,6 +128,28 @@ double clipPolygonArea(const std::vector<Point2d>& clip, const std::vector<Point
     return outlineArea(resultOut);
 }
 
+void PolygonClipArea::setPolygon(const std::vector<Point2d>& polygon)
+{
+    subject_.assign(polygon.begin(), polygon.end());
+    if (!subject_.empty())
+        subject_.push_back(subject_.front());
+}
+
+double PolygonClipArea::areaInside(const std::vector<Point2d>& clip)
+{
+    // subject_ holds the polygon plus its closing point.
+    if (clip.size() < 3 || subject_.size() < 4)
+        return 0.0;
+    boundary_.assign(clip.begin(), clip.end());
+    if (!boundary_.front().isEqualTo(boundary_.back()))
+        boundary_.push_back(boundary_.front());
+    clipper_.set(boundary_);
+    clipper_.clipPolygonInto(subject_, result_, scratch_);
+    if (result_.size() < 3)
+        return 0.0;
+    return outlineArea(result_);
+}
+
 double overlapArea(const std::vector<Point2d>& clip, const std::vector<Point2d>& polygon)
 {
     std::vector<Point2d> result;

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "drawing/geom_types.h"
+#include "drawing/plane.h"
 
 namespace vorn {
 
@@ -27,6 +28,22 @@ bool pointInPolygon(const std::vector<vorn::Point2d>& polygon, const vorn::Point
 double clipPolygonArea(const std::vector<vorn::Point2d>& clip,
                        const std::vector<vorn::Point2d>& polygon,
                        std::vector<vorn::Point2d>& resultOut);
+// clipPolygonArea of one polygon by clip after clip (the cells of a grid):
+// the same arithmetic and so the same numbers, but without allocating once
+// its buffers have grown.
+class PolygonClipArea {
+public:
+    // The polygon is copied and closed by its first point, as
+    // clipPolygonArea closes its copy.
+    void setPolygon(const std::vector<vorn::Point2d>& polygon);
+    // Area of the polygon inside the convex `clip`.
+    double areaInside(const std::vector<vorn::Point2d>& clip);
+
+private:
+    std::vector<vorn::Point2d> subject_, boundary_, result_, scratch_;
+    vorn::ClipBoundary2d clipper_;
+};
+
 // The same area without keeping the outline.
 double overlapArea(const std::vector<vorn::Point2d>& clip, const std::vector<vorn::Point2d>& polygon);
 

@@ -51,8 +51,10 @@ echo "-- and in the profile ($VORNMARK_PROFILE):"
 cat "$VORNMARK_PROFILE"
 echo
 bash "$HERE/grid/demo.sh" "$VORNMARK" "$OUT"
+bash "$HERE/rfri/demo.sh" "$VORNMARK" "$OUT"
 bash "$HERE/polylines/demo.sh" "$VORNMARK"
 bash "$HERE/stability/demo.sh" "$VORNMARK" "$OUT"
 bash "$HERE/geology/demo.sh" "$VORNMARK" "$OUT"
+bash "$HERE/areas/demo.sh" "$VORNMARK"
 echo
 echo "Results are in $OUT"

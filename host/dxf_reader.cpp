@@ -321,7 +321,8 @@ bool readShape(const std::string& type, const Fields& f, EntityShape& out)
     } else if (type == "ARC") {
         out = Arc{f.point(10), f.real(40), f.real(50) * kRadians, f.real(51) * kRadians};
     } else if (type == "TEXT") {
-        out = Text{f.point(10), f.real(40, 1.0), f.real(50) * kRadians, f.string(1)};
+        out = Text{f.point(10), f.real(40, 1.0), f.real(50) * kRadians, f.string(1), static_cast<int>(f.integer(72)),
+                   static_cast<int>(f.integer(73)), f.point(11)};
     } else if (type == "3DFACE") {
         Face face;
         readCorners(f, face.corners);

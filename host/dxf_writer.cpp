@@ -408,7 +408,11 @@ void DxfWriter::body(const Text& text)
     out_.text(1, text.text);
     if (text.rotation != 0.0) out_.real(50, text.rotation * kDegrees);
     out_.text(7, "Standard");
+    bool justified = text.horizontalMode != 0 || text.verticalMode != 0;
+    if (text.horizontalMode != 0) out_.integer(72, text.horizontalMode);
+    if (justified) out_.point(11, text.alignment);
     out_.text(100, "AcDbText");
+    if (text.verticalMode != 0) out_.integer(73, text.verticalMode);
 }
 
 void DxfWriter::body(const Face& face)

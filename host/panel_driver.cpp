@@ -124,7 +124,12 @@ void PanelDriver::applyToControl(Panel& panel, const PanelAnswer& answer)
         refuse(answer, "the panel " + quoted(panel.panelTitle()) + " has no control " + quoted(answer.caption));
         return;
     }
-    PanelControl& control = controls[static_cast<size_t>(found - captions.begin())];
+    // Where a caption names several controls (a list and its button), the
+    // first that takes the action is meant.
+    auto fitting = std::find_if(controls.begin(), controls.end(), [&](const PanelControl& c) {
+        return c.caption == answer.caption && fits(answer.action, c);
+    });
+    PanelControl& control = fitting != controls.end() ? *fitting : controls[static_cast<size_t>(found - captions.begin())];
     if (!fits(answer.action, control)) {
         refuse(answer, formatString("%s cannot be used on the %s%s %s", actionWord(answer.action),
                                     !control.readOnly ? "" : control.kind == ControlKind::Button ? "disabled " : "read-only ",

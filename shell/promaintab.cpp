@@ -96,7 +96,8 @@ std::vector<vorn::PanelControl> CProMainTab::panelControls()
     if (CAcUiTabChildDialogExt* page = getPage(activeTab_)) controls = page->pageControls();
     controls.push_back(vorn::buttonControl("Cancel", [this] { OnCancel(); }));
     if (showBack_) controls.push_back(vorn::buttonControl("<< Back", [this] { OnBack(); }));
-    controls.push_back(vorn::buttonControl(okCaption_, [this] { OnOK(); }));
+    if (okEnabled())
+        controls.push_back(vorn::buttonControl(okCaption_, [this] { OnOK(); }));
     return controls;
 }
 
@@ -131,8 +132,16 @@ void CProMainTab::leaveTo(int index)
 // OK ends the frame and stores the pages' results, unless a page has set
 // the step caption "Next>>": then it moves on to the next page, from the
 // last page back to the first.
+bool CProMainTab::okEnabled() const
+{
+    for (CAcUiTabChildDialogExt* page : pages_)
+        if (!page->okEnabled()) return false;
+    return true;
+}
+
 void CProMainTab::OnOK()
 {
+    if (!okEnabled()) return;
     if (!vorn::iequals(okCaption_, "Next>>")) {
         for (CAcUiTabChildDialogExt* page : pages_) page->OnMainDialogOK();
         saveDocData();
@@ -143,6 +152,12 @@ void CProMainTab::OnOK()
     CAcUiTabChildDialogExt* page = getPage(activeTab_);
     if (page && !page->canLeave()) return;
     leaveTo((activeTab_ + 1) % pageCount());
+}
+
+void CProMainTab::OnCancel()
+{
+    for (CAcUiTabChildDialogExt* page : pages_) page->OnMainDialogCancel();
+    EndDialog(IDCANCEL);
 }
 
 void CProMainTab::OnBack()

@@ -29,6 +29,12 @@ public:
     virtual bool OnKillActive() { return true; }
     // The frame's OK closes the dialog.
     virtual void OnMainDialogOK() {}
+    // The frame's Cancel is about to close the dialog: a page may still ask
+    // to save its work.
+    virtual void OnMainDialogCancel() {}
+    // False while the page's work is unsaved and OK would lose it: the frame
+    // does not offer its OK then.
+    virtual bool okEnabled() { return true; }
 
     // Gives way to the drawing: the frame is hidden until showMainDialog.
     void hideMainDialog();
@@ -78,6 +84,11 @@ public:
     void selectPanelTab(int index) override;
     void OnInitDialog() override;
     void OnOK() override;
+    void OnCancel() override;
+
+    // OK is offered unless a page holds work that it would lose; a disabled
+    // OK does nothing.
+    bool okEnabled() const;
 
     // "<< Back": the previous page, from the first the last.
     void OnBack();

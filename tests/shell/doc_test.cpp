@@ -48,13 +48,14 @@ TEST_F(Documents, OnlyOkStoresTheFrameInTheRecord)
 TEST_F(Documents, DefectDefaultsAreFilledOnceWhenTheCatalogueIsThere)
 {
     int calls = 0;
+    DefectDefaultsFiller installed = defectDefaultsFiller();
     defectDefaultsFiller() = [&](CDefectRecords& records) {
         ++calls;
         records[0].defectLayer = "RFRI_AngDisc";
     };
     CProMainTab frame;
     CProMainTab again;
-    defectDefaultsFiller() = nullptr;
+    defectDefaultsFiller() = installed;
     EXPECT_EQ(calls, 1);
     EXPECT_TRUE(again.defectsReady);
     EXPECT_EQ(again.defects[0].defectLayer, "RFRI_AngDisc");
