@@ -3,7 +3,6 @@
 // folder, the model is read and printed, the run starts after Enter and the
 // closing box names the result files.
 #include <cstdio>
-#include <filesystem>
 #include <iostream>
 #include <memory>
 #include <string>
@@ -12,33 +11,17 @@
 #include "app/cli_util.h"
 #include "app/commands.h"
 #include "base/report.h"
-#include "base/textnum.h"
 #include "base/userbreak.h"
-#include "stressmodel/modeldat.h"
+#include "stressmodel/keldar_flow.h"
 
 namespace vorn::app {
 namespace {
 
-// Takes the model as the file dialog leaves it: path, name, title, and its
-// folder as the process's current folder, where all results go.
-std::unique_ptr<CModelDat> chooseModel(const std::string& file)
-{
-    namespace fs = std::filesystem;
-    std::error_code error;
-    const fs::path path = fs::absolute(file, error);
-    fs::current_path(path.parent_path(), error);
-    auto model = std::make_unique<CModelDat>();
-    model->SetInputPath(path.string());
-    model->SetInputFile(path.filename().string());
-    model->SetBaseName(path.stem().string());
-    return model;
-}
-
 // The command line prompt before the run: a line from the terminal, or
 // Enter in a batch run.
-void promptToContinue()
+void promptToContinue(const std::string& prompt)
 {
-    acutPrintf("\n Keldar Stress Calculation is ready to run, <Enter> to continue ...");
+    acutPrintf("%s", prompt.c_str());
     std::fflush(stdout);
     if (isatty(STDIN_FILENO)) {
         std::string answer;
@@ -48,40 +31,17 @@ void promptToContinue()
     }
 }
 
-std::string successText(const CModelDat& model)
-{
-    std::string text = "Keldar was finished successfully!";
-    text += "\nResults were saved to File(s):";
-    for (int s = 1; s <= model.GetSeamCount(); ++s)
-        text += formatString("\n\t<%s.f%d> for Seam %d", model.GetBaseName().c_str(), s, s);
-    text += "\nTo transfer results to stability grid files:\n\t Stability Model -> Transfer Keldar/Mulsim Results";
-    return text;
-}
-
 int runKeldar(const std::string& file)
 {
-    std::unique_ptr<CModelDat> model = chooseModel(file);
-    if (model->ReadInput() != 0) {
-        AfxMessageBox("The Input File was not the Correct Format - OFO1");
-        return kExitFailure;
-    }
-    AfxMessageBox("The Input File was Successfully Read");
-    if (model->PrintInput() != 0) {
-        AfxMessageBox("Could not Write the Output File - OFO2");
-        model->FreeCodes();
-        return kExitFailure;
-    }
-    promptToContinue();
-    installUserBreakHandler();
-    if (model->Run() != 0) {
-        model->FreeArrays();
-        AfxMessageBox("Keldar was finished unsuccessfully!");
-        finishTerminalLine();
-        return kExitFailure;
-    }
-    AfxMessageBox(successText(*model));
+    std::unique_ptr<CModelDat> model = vorn::chooseKeldarModel(file);
+    if (!vorn::readKeldarModel(*model)) return kExitFailure;
+    const int result = vorn::runKeldarModel(*model, [](const std::string& prompt) {
+        promptToContinue(prompt);
+        installUserBreakHandler();
+        return true;
+    });
     finishTerminalLine();
-    return kExitOk;
+    return result == 0 ? kExitOk : kExitFailure;
 }
 
 CommandGroup group{40, [](CLI::App& parser, Action& action) {

@@ -4,6 +4,7 @@
 #include <unistd.h>
 
 #include <cstdio>
+#include <filesystem>
 #include <iostream>
 #include <memory>
 #include <optional>
@@ -48,6 +49,16 @@ bool promptToContinue(const std::string& prompt)
     return static_cast<bool>(std::getline(std::cin, answer));
 }
 
+// The current folder with its trailing separator: the drawing's folder of
+// a run without a drawing.
+std::string currentFolder()
+{
+    std::error_code error;
+    std::string folder = std::filesystem::current_path(error).string();
+    if (!folder.empty() && folder.back() != '/') folder += '/';
+    return folder;
+}
+
 void takeSeamGrid(CTopoStressCommand& command, const TopoStressOptions& options)
 {
     if (!options.seamFile.empty()) {
@@ -84,6 +95,9 @@ int runTopoStress(const TopoStressOptions& options)
     CTopoStressCommand command;
     command.confirmContinue = promptToContinue;
     command.setUnitSystem(options.units);
+    // As a user who looks at the properties after choosing the units.
+    command.activatePropertiesPage();
+    command.drawingFolder = currentFolder();
     command.surfaceType = options.surface == "elevation" ? 0 : 1;
     if (!options.surfacePath.empty() && !command.loadSurface(options.surfacePath)) return kExitFailure;
     takeSeamGrid(command, options);

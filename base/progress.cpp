@@ -92,7 +92,9 @@ void CProgressWnd::setStatus(const std::string& status)
 void CProgressWnd::peekAndPump(bool cancelOnEscape)
 {
     if (cancelled_) return;
-    if (vorn::userBreakRequested()) {
+    // Ctrl-C is the terminal's Escape: it cancels only when the caller asks
+    // for that, and stays pending for the next poll otherwise.
+    if (cancelOnEscape && vorn::userBreakRequested()) {
         vorn::clearUserBreak();
         cancel();
     }

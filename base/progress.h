@@ -1,7 +1,7 @@
 // The progress window of long calculations, in its terminal form: the
 // caption with status and percent, and the text line, on one line of
 // standard error that rewrites itself, cut to the terminal's width (at most
-// ten times a second, and only when standard error is a terminal). Cancel is the user break (Ctrl-C): `peekAndPump` turns a
+// ten times a second, and only when standard error is a terminal). Cancel is the user break (Ctrl-C): `peekAndPump(true)` turns a
 // pending user break into the window's `cancelled` state, which stays set
 // until `clear`.
 #pragma once
@@ -28,8 +28,9 @@ public:
     void setText(const std::string& text);
     // A non-empty status is kept with "-" behind it and shown in the title.
     void setStatus(const std::string& status);
-    // Keeps the report alive from inside a loop and takes up a user break.
-    // Escape has no terminal form; Ctrl-C cancels whatever the argument.
+    // Keeps the report alive from inside a loop. With `cancelOnEscape` a
+    // pending user break (Ctrl-C, the terminal's Escape) cancels the window;
+    // without it the break stays pending.
     void peekAndPump(bool cancelOnEscape = true);
     bool cancelled() const { return cancelled_; }
     // Empties the text, sets the bar to 0 and forgets a cancel.

@@ -87,6 +87,17 @@ void appendFixed6(std::string& out, double value)
     out.append(begin, end);
 }
 
+void appendGeneral(std::string& out, double value, int width, int precision)
+{
+    // std::to_chars with the general format and a precision prints exactly
+    // as printf's %g does in the C locale; only the padding is left to add.
+    char buffer[400];
+    auto result = std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::general, precision);
+    const auto length = static_cast<int>(result.ptr - buffer);
+    if (length < width) out.append(static_cast<size_t>(width - length), ' ');
+    out.append(buffer, result.ptr);
+}
+
 std::string toLower(std::string_view text)
 {
     std::string lower(text);

@@ -14,6 +14,9 @@ std::string vformatString(const char* format, va_list args);
 
 // Appends `value` as "%f" would print it (six decimals, no exponent).
 void appendFixed6(std::string& out, double value);
+// Appends `value` as "%<width>.<precision>g" would print it (C locale),
+// without the cost of a formatted print.
+void appendGeneral(std::string& out, double value, int width, int precision);
 
 std::string toLower(std::string_view text);
 bool iequals(std::string_view a, std::string_view b);

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "base/report.h"
+#include "stressmodel/influence_fft.h"
 #include "stressmodel/modeldat.h"
 #include "stressmodel/sor.h"
 #include "tests/stressmodel/plain_kernels.h"
@@ -52,6 +53,42 @@ void PropagateStressSeparable(benchmark::State& state)
     }
 }
 BENCHMARK(PropagateStressSeparable)->Unit(benchmark::kMillisecond);
+
+// A full-window pass (a mirror seam 1200 ft deep) on N x N seams: the
+// separable sums against the FFT convolutions that the solver chooses for
+// large seams.
+struct SquareFields {
+    std::vector<double> source, target;
+    vorn::KernelField sourceField, targetField;
+
+    explicit SquareFields(int side) : source(static_cast<std::size_t>(side) * side), target(source.size())
+    {
+        for (std::size_t n = 0; n < source.size(); ++n) source[n] = 0.01 + 1e-4 * static_cast<double>(n % 37);
+        sourceField = {source.data(), side, side, side, 60, 0, 0};
+        targetField = {target.data(), side, side, side, 60, 0, 0};
+    }
+};
+constexpr double kMirrorDistance = -28800;
+
+void FullWindowSeparable(benchmark::State& state)
+{
+    SquareFields f(static_cast<int>(state.range(0)));
+    for (auto _ : state) {
+        vorn::propagateStressSeparable(f.sourceField, f.targetField, kMirrorDistance, kRock);
+        benchmark::DoNotOptimize(f.target.data());
+    }
+}
+BENCHMARK(FullWindowSeparable)->Arg(200)->Arg(400)->Arg(800)->Unit(benchmark::kMillisecond)->Iterations(1);
+
+void FullWindowConvolution(benchmark::State& state)
+{
+    SquareFields f(static_cast<int>(state.range(0)));
+    for (auto _ : state) {
+        vorn::propagateStressByConvolution(f.sourceField, f.targetField, kMirrorDistance, kRock);
+        benchmark::DoNotOptimize(f.target.data());
+    }
+}
+BENCHMARK(FullWindowConvolution)->Arg(200)->Arg(400)->Arg(800)->Unit(benchmark::kMillisecond)->Iterations(1);
 
 // A 300 x 300 seam of coal pillars, rib elements, entries and gob.
 struct SeamFixture {
@@ -133,6 +170,38 @@ void KeldarExamplePanel(benchmark::State& state)
     fs::remove_all(scratch);
 }
 BENCHMARK(KeldarExamplePanel)->Unit(benchmark::kSecond)->Iterations(1);
+
+// The example panel scaled to N x N elements (examples/keldar/make_panel.py
+// --size N): the whole run in this process, read, print, solve and write,
+// so that the cpu time is the solver's. The model files are made once per
+// size, outside the timing.
+void KeldarScaledPanel(benchmark::State& state)
+{
+    namespace fs = std::filesystem;
+    const int size = static_cast<int>(state.range(0));
+    const fs::path generator = fs::path(__FILE__).parent_path().parent_path() / "examples" / "keldar" / "make_panel.py";
+    const fs::path scratch = fs::temp_directory_path() / ("vorn_bench_panel_" + std::to_string(size));
+    fs::remove_all(scratch);
+    const std::string make = "python3 " + generator.string() + " --size " + std::to_string(size) + " --out " + scratch.string();
+    if (std::system(make.c_str()) != 0) {
+        state.SkipWithError("make_panel.py failed");
+        return;
+    }
+    const fs::path before = fs::current_path();
+    fs::current_path(scratch);
+    vorn::CaptureReporter quiet;
+    vorn::ScopedReporter scoped(quiet);
+    for (auto _ : state) {
+        CModelDat model;
+        model.SetInputPath((scratch / "panel.inp").string());
+        model.SetInputFile("panel.inp");
+        model.SetBaseName("panel");
+        if (model.ReadInput() != 0 || model.PrintInput() != 0 || model.Run() != 0) state.SkipWithError("the run failed");
+    }
+    fs::current_path(before);
+    fs::remove_all(scratch);
+}
+BENCHMARK(KeldarScaledPanel)->Arg(100)->Arg(200)->Arg(300)->Arg(400)->Arg(800)->Unit(benchmark::kSecond)->Iterations(1);
 
 }  // namespace
 

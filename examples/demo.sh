@@ -38,6 +38,8 @@ echo "== Overburden stress under the uneven surface"
 echo
 "$VORNMARK" grid info "$OUT/surface_stress.grd"
 echo
+"$HERE/stress/demo.sh" "$VORNMARK" "$OUT"
+echo
 echo "== The application in the stand-alone host: define the base grid of the example plan"
 export VORNMARK_PROFILE="$OUT/profile.ini"
 "$VORNMARK" run vorn_setGrid --drawing "$HERE/plan.dxf" --save "$OUT/plan_grid.dxf" \

@@ -4,6 +4,7 @@
 #include <cmath>
 #include <vector>
 
+#include "stressmodel/influence_fft.h"
 #include "stressmodel/sor.h"
 
 namespace vorn {
@@ -100,6 +101,14 @@ void sumSourceRow(Workspace& space, const double* row, int countY, int targetCou
 
 bool propagateStress(const KernelField& source, const KernelField& target, double distance, const KernelRock& rock,
                      const RowCallback& beforeRow)
+{
+    if (fullWindowConvolution(source, target, distance) && convolutionPays(source, target))
+        return propagateStressByConvolution(source, target, distance, rock, beforeRow);
+    return propagateStressSeparable(source, target, distance, rock, beforeRow);
+}
+
+bool propagateStressSeparable(const KernelField& source, const KernelField& target, double distance,
+                              const KernelRock& rock, const RowCallback& beforeRow)
 {
     const double lamination = rock.lamination;
     const double prefactor = rock.modulus / (lamination * kEightPi * distance * distance);

@@ -36,7 +36,9 @@
 // factor (T - 1) exp(-T) is a sum of products of a function of dx and a
 // function of dy, so a source row is first summed along y for every target
 // column and then spread along x, which costs a few small matrix products
-// instead of one exponential per source and target pair.
+// instead of one exponential per source and target pair. Large passes in
+// which every source element reaches the whole target go through FFT
+// convolutions instead (influence_fft.h).
 #pragma once
 
 #include <cstddef>
@@ -77,6 +79,9 @@ using RowCallback = std::function<bool(int row, int rowCount)>;
 
 bool propagateStress(const KernelField& source, const KernelField& target, double distance, const KernelRock& rock,
                      const RowCallback& beforeRow = {});
+// propagateStress by the separable sums alone, whatever the sizes.
+bool propagateStressSeparable(const KernelField& source, const KernelField& target, double distance,
+                              const KernelRock& rock, const RowCallback& beforeRow = {});
 void remoteDisplacement(const KernelField& source, const KernelField& target, double distance,
                         const KernelRock& rock, const std::function<void(int row)>& afterRow = {});
 

@@ -64,6 +64,39 @@ double MaterialLaw::stress(double e) const
     }
 }
 
+void MaterialLaw::stressRun(const double* u, double* s, int count, double thickness) const
+{
+    switch (type) {
+    case kLinearElasticCoal:
+        for (int k = 0; k < count; ++k) s[k] = p1 * (u[k] / thickness);
+        return;
+    case kStrainSofteningCoal:
+        for (int k = 0; k < count; ++k) {
+            const double e = u[k] / thickness;
+            s[k] = e < p2 ? elasticRatio * e : (e >= p4 ? p3 : (p3 - p1) * ((e - p2) / (p4 - p2)) + p1);
+        }
+        return;
+    case kElasticPlasticCoal:
+        for (int k = 0; k < count; ++k) s[k] = elasticPlastic(*this, u[k] / thickness);
+        return;
+    case kBilinearHardeningGob:
+        for (int k = 0; k < count; ++k) s[k] = elasticPlastic(*this, u[k] / thickness / p4);
+        return;
+    case kStrainHardeningGob: hardeningRun(u, s, count, thickness); return;
+    case kLinearElasticGob:
+        for (int k = 0; k < count; ++k) s[k] = (u[k] / thickness / p3) * p1;
+        return;
+    default:
+        for (int k = 0; k < count; ++k) s[k] = 0;
+        return;
+    }
+}
+
+void MaterialLaw::hardeningRun(const double* u, double* s, int count, double thickness) const
+{
+    for (int k = 0; k < count; ++k) s[k] = (std::exp(u[k] / thickness / p4 * hardening) - 1) * hardeningScale;
+}
+
 namespace {
 [[noreturn]] void refuseAbovePeak(const std::string& message)
 {

@@ -29,6 +29,13 @@ struct MaterialLaw {
     static MaterialLaw from(int type, const float properties[5]);
     // Stress at strain e; only for types 1 to 6.
     double stress(double e) const;
+    // The stresses of a run of elements of this material: s[k] = stress of
+    // u[k] / thickness, with the law chosen once for the run. The same
+    // numbers as `stress`, element by element.
+    void stressRun(const double* u, double* s, int count, double thickness) const;
+
+private:
+    void hardeningRun(const double* u, double* s, int count, double thickness) const;
 };
 
 // Material index of a mesh code: "A".."Z" give 0..25, "0" 26, "1" 27.

@@ -181,6 +181,7 @@ private:
     int ReadFailure(int result, const std::string& message);
     int ReadMeshCodes(std::FILE* in);
     void BuildMaterialLaws();
+    int RunStress(const double* u, double* s, int count, double thickness, int material, int x, int y);
     vorn::KernelRock Rock() const { return {modulus, lamination}; }
     // The progress window's text line and a pump; a poll of its cancel.
     void Show(const std::string& text);

@@ -120,20 +120,29 @@ int CModelDat::ReadInput()
 int CModelDat::ReadMeshCodes(std::FILE* in)
 {
     for (int step = 1; step <= stepCount; ++step) {
+        // A step's file is written under a temporary name and takes its
+        // own name only when complete: a model cut short leaves none.
+        const std::string partial = stepFileName(step) + ".part";
         vorn::TextWriter copy;
-        if (!copy.open(stepFileName(step))) return ReadFailure(10, "Error writing the fine mesh codes - RI10c\n");
+        if (!copy.open(partial)) return ReadFailure(10, "Error writing the fine mesh codes - RI10c\n");
         for (int s = 1; s <= seamCount; ++s) {
             for (int y = elementsY; y >= 1; --y) {
                 for (int x = 1; x <= elementsX; ++x) {
                     char& code = codes(s, x, y);
-                    if (std::fscanf(in, "%c ", &code) != 1)
+                    if (std::fscanf(in, "%c ", &code) != 1) {
+                        copy.close();
+                        std::remove(partial.c_str());
                         return ReadFailure(10, "Error reading the fine mesh codes - RI10b\n");
+                    }
                     copy.writeRaw(std::string_view(&code, 1));
                 }
                 copy.write("\n");
             }
         }
-        if (!copy.close()) return ReadFailure(10, "Error writing the fine mesh codes - RI10c\n");
+        if (!copy.close() || std::rename(partial.c_str(), stepFileName(step).c_str()) != 0) {
+            std::remove(partial.c_str());
+            return ReadFailure(10, "Error writing the fine mesh codes - RI10c\n");
+        }
     }
     return 0;
 }

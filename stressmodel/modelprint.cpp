@@ -286,13 +286,18 @@ int CModelDat::WriteElementFiles(int step)
             out.write(headerItems);
             out.write(headerUnits);
         }
-        char line[160];
+        std::string line;
         for (int x = 1; x <= elementsX; ++x) {
             for (int y = 1; y <= elementsY; ++y) {
-                const int n = std::snprintf(line, sizeof line, "%12.5g, %12.5g, %12.5g, %12.5g, %12.5g\n",
-                                            convergence(s, x, y), verticalStress(s, x, y), surfaceStress(s, x, y),
-                                            interseamStress(s, x, y), overburdenStress(s, x, y));
-                out.write(std::string_view(line, static_cast<std::size_t>(n)));
+                // "%12.5g, %12.5g, %12.5g, %12.5g, %12.5g\n"
+                line.clear();
+                for (const double value : {convergence(s, x, y), verticalStress(s, x, y), surfaceStress(s, x, y),
+                                           interseamStress(s, x, y), overburdenStress(s, x, y)}) {
+                    if (!line.empty()) line += ", ";
+                    vorn::appendGeneral(line, value, 12, 5);
+                }
+                line += '\n';
+                out.write(line);
             }
         }
     }
@@ -324,6 +329,13 @@ void CModelDat::OffSeamDisplacement(int step)
         out.printf("%3d,Off-seam Displacment\n", 1);
         out.printf("%3d,%s\n", 1, lengthUnit.c_str());
     }
-    for (int x = 1; x <= offSeamCountX; ++x)
-        for (int y = 1; y <= offSeamCountY; ++y) out.printf("%12.5g\n", offSeamResult(x, y) * lengthScale);
+    std::string line;
+    for (int x = 1; x <= offSeamCountX; ++x) {
+        for (int y = 1; y <= offSeamCountY; ++y) {
+            line.clear();
+            vorn::appendGeneral(line, offSeamResult(x, y) * lengthScale, 12, 5);  // "%12.5g\n"
+            line += '\n';
+            out.write(line);
+        }
+    }
 }

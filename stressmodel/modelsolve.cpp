@@ -250,51 +250,66 @@ void CModelDat::MirrorBoundaries(vorn::DoubleMatrix& u)
 
 // ---------------------------------------------------------------- material laws
 
+// Elements of one code in a row form a run: the law is chosen once per run,
+// and a faulty code is reported at the run's first element, as the element
+// by element order would find it.
 int CModelDat::ElementStress(vorn::DoubleMatrix& seamConvergence, vorn::DoubleMatrix& stress,
                              const vorn::IndexedMatrix<char>& seamCodes, double thickness)
 {
-    const double rockModulus = modulus;
     for (int x = 1; x <= elementsX; ++x) {
         const double* u = seamConvergence.at(x, 1) - 1;
         double* s = stress.at(x, 1) - 1;
         const char* code = seamCodes.at(x, 1) - 1;
-        for (int y = 1; y <= elementsY; ++y) {
-            const double e = u[y] / thickness;
-            const int c = vorn::materialIndex(code[y]);
-            if (c >= 0 && c < kMaxMaterials) {
-                const vorn::MaterialLaw& law = laws_[c];
-                if (law.type < 1 || law.type > 6) {
-                    const char* message = "Material Code Out of Range in Element Stress Routine - ES5\n";
-                    consolePrintf("%s", message);
-                    AfxMessageBox(message);
-                    consolePrintf("i = %i, j = %i, integer code = %i\n", x, y, c);
-                    return 5;
-                }
-                s[y] = law.stress(e);
-            } else if (c == vorn::kCodeZero) {
-                const char* message = "Material Code Out of Range in Element Stress Routine - ES1\n";
-                consolePrintf("%s", message);
-                consolePrintf("i = %i, j = %i, integer code = %i\n", x, y, c);
-                AfxMessageBox(message);
-                return 1;
-            } else if (c == vorn::kCodeMined) {
-                if (e <= 1) {
-                    s[y] = 0;
-                } else {
-                    s[y] = rockModulus * (e - 1) * 0.1 + 0.9 * s[y];
-                    consolePrintf("Material Strain Greater Than 1 in Element Stress Routine - ES1a\n");
-                    consolePrintf("i = %i, j = %i, integer code = %i\n", x, y, c);
-                }
+        for (int y = 1; y <= elementsY;) {
+            int end = y;
+            while (end < elementsY && code[end + 1] == code[y]) ++end;
+            const int result = RunStress(u + y, s + y, end - y + 1, thickness, vorn::materialIndex(code[y]), x, y);
+            if (result != 0) return result;
+            y = end + 1;
+        }
+    }
+    return 0;
+}
+
+// The stresses of `count` elements of material index `c` from element (x, y).
+int CModelDat::RunStress(const double* u, double* s, int count, double thickness, int c, int x, int y)
+{
+    if (c >= 0 && c < kMaxMaterials) {
+        const vorn::MaterialLaw& law = laws_[c];
+        if (law.type < 1 || law.type > 6) {
+            const char* message = "Material Code Out of Range in Element Stress Routine - ES5\n";
+            consolePrintf("%s", message);
+            AfxMessageBox(message);
+            consolePrintf("i = %i, j = %i, integer code = %i\n", x, y, c);
+            return 5;
+        }
+        law.stressRun(u, s, count, thickness);
+    } else if (c == vorn::kCodeZero) {
+        const char* message = "Material Code Out of Range in Element Stress Routine - ES1\n";
+        consolePrintf("%s", message);
+        consolePrintf("i = %i, j = %i, integer code = %i\n", x, y, c);
+        AfxMessageBox(message);
+        return 1;
+    } else if (c == vorn::kCodeMined) {
+        const double rockModulus = modulus;
+        for (int k = 0; k < count; ++k) {
+            const double e = u[k] / thickness;
+            if (e <= 1) {
+                s[k] = 0;
             } else {
-                const char* message = "Material Code Out of Range in Element Stress Routine - ES2\n";
-                const std::string where = formatString("i = %i, j = %i, integer code = %i\n", x, y, c);
-                consolePrintf("%s", message);
-                AfxMessageBox(message);
-                consolePrintf("%s", where.c_str());
-                AfxMessageBox(where);
-                return 2;
+                s[k] = rockModulus * (e - 1) * 0.1 + 0.9 * s[k];
+                consolePrintf("Material Strain Greater Than 1 in Element Stress Routine - ES1a\n");
+                consolePrintf("i = %i, j = %i, integer code = %i\n", x, y + k, c);
             }
         }
+    } else {
+        const char* message = "Material Code Out of Range in Element Stress Routine - ES2\n";
+        const std::string where = formatString("i = %i, j = %i, integer code = %i\n", x, y, c);
+        consolePrintf("%s", message);
+        AfxMessageBox(message);
+        consolePrintf("%s", where.c_str());
+        AfxMessageBox(where);
+        return 2;
     }
     return 0;
 }

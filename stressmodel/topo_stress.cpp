@@ -1,5 +1,6 @@
 #include "stressmodel/topo_stress.h"
 
+#include <cstdio>
 #include <filesystem>
 
 #include "base/report.h"
@@ -82,11 +83,11 @@ bool CTopoStressCommand::loadSurface(const std::string& path)
     return true;
 }
 
-void CTopoStressCommand::setUnitSystem(int units)
+void CTopoStressCommand::activatePropertiesPage()
 {
-    if (units == unitSystem) return;
-    unitSystem = units;
-    properties = CTopoProperties::defaultsFor(units);
+    if (unitSystem == propertiesUnits_) return;
+    propertiesUnits_ = unitSystem;
+    properties = CTopoProperties::defaultsFor(unitSystem);
 }
 
 bool CTopoStressCommand::defineSeamGrid(double originX, double originY, int xNum, int yNum, double xCellW, double yCellW,
@@ -109,6 +110,13 @@ bool CTopoStressCommand::loadSeamGrid(const std::string& path)
     return true;
 }
 
+bool CTopoStressCommand::takeSeamGrid(const myGrid& lattice)
+{
+    const double degrees = lattice.getRotation() * 180.0 / 3.14159265358979323846;
+    return defineSeamGrid(lattice.getOrigin().x, lattice.getOrigin().y, lattice.getXNum(), lattice.getYNum(),
+                          lattice.getXCellW(), lattice.getYCellW(), degrees);
+}
+
 void CTopoStressCommand::keepSeamGrid()
 {
     seamGrid.setTitle("Seam Grid Defination");
@@ -123,7 +131,7 @@ void CTopoStressCommand::activateSeamPage()
         if (!topoPath.empty()) {
             outputPath = topoPath.substr(0, topoPath.size() >= 4 ? topoPath.size() - 4 : 0) + "_Stress.grd";
         } else {
-            outputPath = (std::filesystem::current_path() / "Untitle.grd").string();
+            outputPath = drawingFolder + "Untitle.grd";
         }
     }
     seamLevel = useSeamAverage && !levelLocked ? seamMean : 0.0;
@@ -217,6 +225,7 @@ int CTopoStressCommand::run()
     }
     if (!writeStressGrid(model)) return 1;
     acutPrintf("\nTopoStress are save to %s", outputPath.c_str());
+    if (previewResult && showResult) showResult(outputPath);
     acutPrintf("\nTopoModel was finished successfully!");
     return 0;
 }
@@ -260,6 +269,8 @@ bool CTopoStressCommand::writeInputFile(myGrid& surface, const std::string& tmpP
 
 bool CTopoStressCommand::writeStressGrid(const CTopoModelDat& model) const
 {
+    // Written under a temporary name beside the target and renamed over it
+    // when complete, so that a failed write leaves no partial grid.
     vorn::TextWriter file;
     const std::string failure = "File <" + outputPath + "> could not be opened to write!";
     if (!file.openReplacing(outputPath)) {

@@ -36,18 +36,25 @@ public:
     // "Grid file read failed! ", if the grid does not read.
     bool loadSurface(const std::string& path);
     // Page 1 radio buttons: 1 "inches/Psi", 2 "feet/Psi", 3 "meters/Pa",
-    // 4 meters and MPa. A change sets the properties to that system's
-    // defaults, as page 3 does when it is shown next.
-    void setUnitSystem(int units);
+    // 4 meters and MPa. The properties keep what they hold until page 3
+    // is next activated.
+    void setUnitSystem(int units) { unitSystem = units; }
+    // Page 3 on activation: after a change of the unit system since the
+    // page last showed, all properties are that system's defaults again.
+    void activatePropertiesPage();
 
     // Page 2 "New ...": a seam grid of zeros from a grid definition.
     bool defineSeamGrid(double originX, double originY, int xNum, int yNum, double xCellW, double yCellW,
                         double rotationDegrees);
     // Page 2 "From File ...": false, with "Grid file reading failed! ".
     bool loadSeamGrid(const std::string& path);
+    // Page 2 "New ..." after the grid definition's OK: its lattice, all 0.
+    bool takeSeamGrid(const myGrid& lattice);
     // Page 2 on activation: the seam level is locked to 0 for a surface of
     // overburden thickness, else it is the seam grid's mean when
-    // `useSeamAverage` is set, else 0 until the user types one.
+    // `useSeamAverage` is set, else 0 until the user types one. An empty
+    // output path becomes the surface path with "_Stress.grd" for its last
+    // four characters, or `drawingFolder` and "Untitle.grd".
     void activateSeamPage();
     // The output field left with a new name: for a file that exists, "File
     // existes, Overwrite?" with yes and no; no keeps the former name.
@@ -64,6 +71,12 @@ public:
     // Answers the prompt after the model was read: true to go on. The
     // default prints the prompt and goes on, as Enter does.
     std::function<bool(const std::string& prompt)> confirmContinue;
+    // With `previewResult`, shows the written stress grid file before the
+    // closing line.
+    std::function<void(const std::string& gridPath)> showResult;
+    bool previewResult = false;
+    // The unit system of the properties and of their labels on page 3.
+    int propertiesUnits() const { return propertiesUnits_; }
 
     int unitSystem = 2;
     int surfaceType = 1;  // 1 "Overburden Thickness", 0 "Elevation"
@@ -76,9 +89,12 @@ public:
     bool useSeamAverage = false;
     bool levelLocked = true;
     std::string outputPath;
+    // The drawing's folder with its trailing separator.
+    std::string drawingFolder;
     CTopoProperties properties;
 
 private:
+    int propertiesUnits_ = 2;  // the unit system page 3 last showed
     void keepSeamGrid();
     int validateProperties();
     bool writeInputFile(myGrid& surface, const std::string& tmpPath) const;

@@ -8,6 +8,7 @@
 #include "base/report.h"
 #include "base/textfile.h"
 #include "base/textnum.h"
+#include "base/userbreak.h"
 #include "stressmodel/kernels.h"
 #include "stressmodel/modeldat.h"
 
@@ -161,6 +162,7 @@ int CTopoModelDat::Run()
     progress->setText("Topographic Stress Calculation");
     int result = Calculate();
     progress.reset();
+    vorn::statusMeterRestore();
     return result;
 }
 
@@ -189,36 +191,41 @@ int CTopoModelDat::Calculate()
     return 0;
 }
 
+// The user break as the editor reports it: a pending break is taken up once.
 bool CTopoModelDat::UserBreak()
 {
-    progress->peekAndPump();
-    if (progress->cancelled()) cancelled = 1;
+    if (vorn::userBreakRequested()) {
+        vorn::clearUserBreak();
+        cancelled = 1;
+    }
     return cancelled != 0;
 }
 
 void CTopoModelDat::TopographicSolve(vorn::TextWriter& out)
 {
-    progress->setStatus("Successive Over Relaxation Iterating");
+    vorn::statusMeterStart("Successive Over Relaxation Iterating", 0, 100);
     const vorn::PlateSettings settings{{modulus, lamination}, overRelaxation, tolerance, maxIterations};
     const vorn::KernelField load{topoLoad.at(1, 1), topoLoad.stride(), topoCountX, topoCountY, topoWidth, 0, 0};
     const int counter = vorn::solveLoadedPlate(
         topoConvergence.at(0, 0), topoConvergence.stride(), load, settings, [&](int iteration, const vorn::SweepChange& change) {
-            progress->setPos(static_cast<int>(static_cast<long long>(iteration) * 100 / maxIterations));
+            const int percent = static_cast<int>(static_cast<long long>(iteration) * 100 / maxIterations);
+            progress->setPos(percent);
+            vorn::statusMeterPos(percent);
             std::string line = vorn::formatString("iteration number = %i, maximum displacement = %13.9lg", iteration, change.change);
             progress->setText(line);
             out.printf("%s\n", line.c_str());
             out.printf("X grid location = %i, Y grid location = %i\n\n", change.x, change.y);
         },
         [this] { return !UserBreak(); });
-    progress->setStatus("");
     progress->setPos(100);
+    vorn::statusMeterPos(100);
     out.printf("Topographic SOR took %i iterations to converge\n\n", counter);
     acutPrintf("\nTopographic SOR took %i iterations to converge", counter);
 }
 
 bool CTopoModelDat::PropagateToSeam()
 {
-    progress->setStatus("Stress Propogating to Seam");
+    vorn::statusMeterStart("Stress Propogating to Seam", 0, 100);
     const vorn::KernelField source{topoConvergence.at(1, 1), topoConvergence.stride(), topoCountX, topoCountY, topoWidth,
                                    topoX, topoY};
     const vorn::KernelField target{overburdenStress.at(1, 1), overburdenStress.stride(), elementsX, elementsY, elementWidth,
@@ -226,6 +233,7 @@ bool CTopoModelDat::PropagateToSeam()
     return vorn::propagateStress(source, target, topoZ, {modulus, lamination}, [this](int row, int rowCount) {
         if (UserBreak()) return false;
         progress->setPos(100 * row / rowCount);
+        vorn::statusMeterPos(100 * row / rowCount);
         return true;
     });
 }

@@ -169,7 +169,8 @@ CElementItemChoice CElementFileReader::choiceOfRow(size_t row) const
     return item;
 }
 
-bool CElementFileReader::readItem(const CElementItemChoice& item, myGrid& grid, std::string& failure) const
+bool CElementFileReader::readItem(const CElementItemChoice& item, myGrid& grid, std::string& failure,
+                                  bool skipEmptyLines) const
 {
     vorn::TextReader file;
     if (!openOrSayWhy(file, path_, failure)) return false;
@@ -184,7 +185,10 @@ bool CElementFileReader::readItem(const CElementItemChoice& item, myGrid& grid, 
         for (int y = 0; y < countY; ++y) {
             if (!readNonEmptyLine(file, line)) {
                 failure = vorn::formatString("Read an empty line in the input file for row %d col %d", y, x);
-                return false;
+                if (!skipEmptyLines) return false;
+                AfxMessageBox(failure);
+                failure.clear();
+                break;
             }
             std::vector<std::string> fields = vorn::splitAtCommas(line);
             if (item.indexInLine < 1 || static_cast<size_t>(item.indexInLine) > fields.size()) {
@@ -203,11 +207,13 @@ bool CElementFileReader::readItem(const CElementItemChoice& item, myGrid& grid, 
     return true;
 }
 
-bool CElementFileReader::transferRow(size_t row, const std::string& outputPath) const
+bool CElementFileReader::transferRow(size_t row, const std::function<bool(std::string& path)>& chooseOutput) const
 {
     CElementItemChoice item = choiceOfRow(row);
     std::string question = vorn::formatString("Convert the item: %s<%d> in step %d", item.name.c_str(), item.indexInLine, item.step);
     if (AfxMessageBox(question, MB_OKCANCEL) != IDOK) return false;
+    std::string outputPath;
+    if (!chooseOutput(outputPath)) return false;
     myGrid grid;
     std::string failure;
     if (!readItem(item, grid, failure)) {
@@ -217,5 +223,28 @@ bool CElementFileReader::transferRow(size_t row, const std::string& outputPath) 
     grid.setTitle(question);
     if (!grid.writeGrd(outputPath)) return false;
     AfxMessageBox(vorn::formatString("File: %s is saved!", outputPath.c_str()));
+    return true;
+}
+
+bool CElementFileReader::transferRow(size_t row, const std::string& outputPath) const
+{
+    return transferRow(row, [&outputPath](std::string& path) {
+        path = outputPath;
+        return true;
+    });
+}
+
+bool CElementFileReader::previewRow(size_t row, myGrid& grid) const
+{
+    CElementItemChoice item = choiceOfRow(row);
+    std::string question = vorn::formatString("Preview the item: %s<%d> in step %d", item.name.c_str(), item.indexInLine, item.step);
+    if (AfxMessageBox(question, MB_OKCANCEL) != IDOK) return false;
+    acutPrintf("\nLoading ...");
+    std::string failure;
+    if (!readItem(item, grid, failure, true)) {
+        AfxMessageBox(failure);
+        return false;
+    }
+    grid.setTitle(question);
     return true;
 }

@@ -5,6 +5,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -43,13 +44,21 @@ public:
 
     // Builds `grid` from the item: lattice from the header, values from the
     // item's column of the step's lines. A failure gives false and its
-    // message in `failure`; nothing is shown.
-    bool readItem(const CElementItemChoice& item, myGrid& grid, std::string& failure) const;
+    // message in `failure`; nothing is shown. With `skipEmptyLines` (the
+    // preview) an empty line is shown in a box instead, the rest of that x
+    // row is dropped and the next row goes on.
+    bool readItem(const CElementItemChoice& item, myGrid& grid, std::string& failure, bool skipEmptyLines = false) const;
 
-    // "Transfer...": asks "Convert the item: ..." with OK and Cancel, reads
-    // the item and saves it to `outputPath` with `writeGrd`. True when the
-    // file was saved.
+    // "Transfer...": asks "Convert the item: ..." with OK and Cancel, then
+    // the output path from `chooseOutput` (false stops), reads the item and
+    // saves it with `writeGrd`. True when the file was saved.
+    bool transferRow(size_t row, const std::function<bool(std::string& path)>& chooseOutput) const;
     bool transferRow(size_t row, const std::string& outputPath) const;
+
+    // "Preview...": asks "Preview the item: ..." with OK and Cancel, prints
+    // "\nLoading ..." and builds the grid as the preview reads it. False
+    // when the user cancelled or the file did not open (shown in a box).
+    bool previewRow(size_t row, myGrid& grid) const;
 
     // Header fields of the selected file.
     int stepCount = 0;

@@ -7,7 +7,13 @@ the file holds inches and psi). Step 1 develops the panel in seam 1 and a
 three-entry set in seam 2; step 2 retreats the south half of the panel and
 leaves gob. Surface effects, an off-seam plane and the topographic stage
 under a gentle hill are all on.
+
+With --size N the same panel is scaled to N x N elements (a multiple of
+10): the same element width, pillar pitch, materials and seams, the mined
+areas scaled with the mesh. `make_panel.py --size 800 --out DIR` writes
+DIR/panel.inp and DIR/panel.top for timing runs of the solver.
 """
+import argparse
 import math
 import os
 
@@ -18,11 +24,16 @@ HERE = os.path.dirname(os.path.abspath(__file__))
 SOLID, CORE, RIB, GOB, MINED = "D", "A", "B", "C", "1"
 
 
+def scaled(index):
+    """An index of the 300 x 300 panel on the present mesh."""
+    return round(index * NX / 300)
+
+
 def panel_codes(step):
     rows = [[SOLID] * (NY + 1) for _ in range(NX + 1)]
     for x in range(1, NX + 1):
         for y in range(1, NY + 1):
-            if not (60 <= x < 240 and 40 <= y < 260):
+            if not (scaled(60) <= x < scaled(240) and scaled(40) <= y < scaled(260)):
                 continue
             px, py = (x - 60) % 16, (y - 40) % 16
             if px < 4 or py < 4:
@@ -31,7 +42,7 @@ def panel_codes(step):
                 code = RIB
             else:
                 code = CORE
-            if step == 2 and y < 150:
+            if step == 2 and y < scaled(150):
                 code = GOB
             rows[x][y] = code
     return rows
@@ -39,8 +50,8 @@ def panel_codes(step):
 
 def entry_codes(step):
     rows = [[SOLID] * (NY + 1) for _ in range(NX + 1)]
-    for x in range(120, 184):
-        for y in range(20, 280):
+    for x in range(scaled(120), scaled(184)):
+        for y in range(scaled(20), scaled(280)):
             px, py = (x - 120) % 22, (y - 20) % 26
             if px < 4 or py < 4:
                 rows[x][y] = MINED
@@ -92,5 +103,13 @@ def write_top(path):
 
 
 if __name__ == "__main__":
-    write_inp(os.path.join(HERE, "panel.inp"))
-    write_top(os.path.join(HERE, "panel.top"))
+    parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
+    parser.add_argument("--size", type=int, default=300, help="elements along X and Y (multiple of 10)")
+    parser.add_argument("--out", default=HERE, help="folder of panel.inp and panel.top")
+    args = parser.parse_args()
+    if args.size < 10 or args.size % 10:
+        parser.error("--size must be a positive multiple of 10")
+    NX = NY = args.size
+    os.makedirs(args.out, exist_ok=True)
+    write_inp(os.path.join(args.out, "panel.inp"))
+    write_top(os.path.join(args.out, "panel.top"))

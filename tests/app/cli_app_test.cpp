@@ -60,18 +60,14 @@ TEST_F(Cli, BadCommandsAndScriptsAndCommandsNotBuiltGiveTheirStatus)
     write("wrong.scr", "press \"Nothing Here\"\n");
     EXPECT_EQ(vornmark("run vorn_setGrid --script " + path("wrong.scr")), 1);
     EXPECT_NE(read("err.txt").find("line 1"), std::string::npos);
-    EXPECT_EQ(vornmark("run vorn_convKelGrid"), 1);
-    EXPECT_NE(read("out.txt").find("vorn_convKelGrid: the panel dlg_convkelgrid is not available in this build."),
-              std::string::npos);
 }
 
 TEST_F(Cli, ShellRunsTypedCommandsAndQuits)
 {
-    write("typed.txt", "VORN_KELDAR\nvorn_setgrid\nok\nsave " + path("shell.dxf") + "\nquit\n");
+    write("typed.txt", "vorn_setgrid\nok\nsave " + path("shell.dxf") + "\nquit\n");
     ASSERT_EQ(vornmark("shell < " + path("typed.txt")), 0) << read("err.txt");
     std::string out = read("out.txt");
     EXPECT_NE(out.find("Command: "), std::string::npos);
-    EXPECT_NE(out.find("vorn_keldar: the solver panel dlg_keldar is not available in this build."), std::string::npos);
     EXPECT_NE(out.find("== Define a Grid =="), std::string::npos);
     EXPECT_NE(out.find("Document Base Grid for this session is defined!"), std::string::npos);
     EXPECT_TRUE(fs::exists(dir / "shell.dxf"));

@@ -41,6 +41,9 @@ TEST(ProgressWindow, UserBreakCancelsUntilCleared)
     std::raise(SIGINT);
     EXPECT_TRUE(vorn::userBreakRequested());
     window.peekAndPump(false);
+    EXPECT_FALSE(window.cancelled());
+    EXPECT_TRUE(vorn::userBreakRequested());  // left for the next poll
+    window.peekAndPump(true);
     EXPECT_TRUE(window.cancelled());
     EXPECT_FALSE(vorn::userBreakRequested());  // the window took it up
     window.peekAndPump();

@@ -53,3 +53,26 @@ TEST(Fixed6, MatchesPrintf)
         }
     }
 }
+
+TEST(General12_5, MatchesPrintf)
+{
+    auto same = [](double v) {
+        std::string fast;
+        vorn::appendGeneral(fast, v, 12, 5);
+        return fast == vorn::formatString("%12.5g", v);
+    };
+    for (double v : {0.0, -0.0, 1.0, -1.0, 0.0001, 0.00001, 123456.0, 99999.5, 999995.0, 1e-5, 9.99995e-5, -1e20,
+                     1e300, 5e-324, HUGE_VAL, -HUGE_VAL, std::numeric_limits<double>::quiet_NaN(),
+                     -std::numeric_limits<double>::quiet_NaN(), 1.000005, 2.5e-7}) {
+        EXPECT_TRUE(same(v)) << v;
+    }
+    // Ties and near-ties at the fifth digit, and random values over many
+    // magnitudes as the element files carry them.
+    std::mt19937_64 random(11);
+    for (int k = 0; k < 1000000; ++k) {
+        double v = std::ldexp(std::uniform_real_distribution<double>(0.5, 1.0)(random),
+                              static_cast<int>(random() % 100) - 50);
+        double tie = static_cast<double>(random() % 200000) * 0.5 + 0.5;  // ends in .5: a tie at %.5g for 5-digit values
+        for (double x : {v, -v, tie, std::nextafter(tie, 0.0)}) ASSERT_TRUE(same(x)) << vorn::formatString("%.17g", x);
+    }
+}

@@ -75,6 +75,9 @@ TEST_F(ReadInputTest, EveryRefusalGivesItsResultAndMessageAndKeepsNoCodes)
         EXPECT_EQ(lastBox(), refusal.message);
         EXPECT_FALSE(model->codes.allocated());
     }
+    // The codes cut short leave no step file, whole or partial.
+    EXPECT_FALSE(std::filesystem::exists("STEP1.CHR"));
+    EXPECT_FALSE(std::filesystem::exists("STEP1.CHR.part"));
     EXPECT_EQ(read(""), 1);
     EXPECT_EQ(lastBox(), "Error in Reading Title - RI1a\n");
     std::filesystem::remove("model.inp");

@@ -7,6 +7,7 @@
 #include <random>
 #include <vector>
 
+#include "stressmodel/influence_fft.h"
 #include "stressmodel/kernels.h"
 #include "stressmodel/modeldat.h"
 #include "tests/stressmodel/plain_kernels.h"
@@ -83,6 +84,38 @@ TEST(InfluenceSums, SeparableSumsAgreeWithThePlainLoop)
     expectAgreement(plainRemote, [](const KernelField& s, const KernelField& t, double z, const KernelRock& r) {
         remoteDisplacement(s, t, z, r);
     }, 10);
+}
+
+TEST(InfluenceSums, ConvolutionAgreesWithThePlainLoopOnFullWindows)
+{
+    const std::vector<Layout> full = {
+        {"same lattice", 40, 30, 60, 0, 0, 40, 30, 60, 0, 0, -14400},
+        {"coarse source, ratio 2, shifted", 20, 15, 120, 35, -20, 40, 30, 60, 10, 5, -15360},
+        {"coarse source, ratio 10, target larger", 7, 5, 600, 0, 0, 70, 60, 60, -300, -120, 14400},
+        {"fine source beside a smaller target", 50, 37, 30, 0, 0, 23, 41, 30, 200, -90, -9000},
+    };
+    std::mt19937 seeds(3);
+    for (const Layout& c : full) {
+        SCOPED_TRACE(c.name);
+        OwnedField source(c.sx, c.sy, c.sw, c.sox, c.soy);
+        fillRandom(source, seeds());
+        OwnedField plain(c.tx, c.ty, c.tw, c.tox, c.toy), fast(c.tx, c.ty, c.tw, c.tox, c.toy);
+        ASSERT_TRUE(fullWindowConvolution(source.field, plain.field, c.distance));
+        plainPropagate(source.field, plain.field, c.distance, kRock);
+        ASSERT_TRUE(propagateStressByConvolution(source.field, fast.field, c.distance, kRock));
+        const double bound = 1e-12 * plain.largest();
+        for (std::size_t n = 0; n < plain.data.size(); ++n) ASSERT_NEAR(fast.data[n], plain.data[n], bound) << n;
+    }
+    // Cut windows or a width that is no whole multiple keep the separable sums.
+    for (const Layout& c : {kLayouts[0], kLayouts[2], kLayouts[3]}) {
+        OwnedField source(c.sx, c.sy, c.sw, c.sox, c.soy), target(c.tx, c.ty, c.tw, c.tox, c.toy);
+        EXPECT_FALSE(fullWindowConvolution(source.field, target.field, c.distance)) << c.name;
+    }
+    // A stop before the first row leaves the target as it was.
+    OwnedField source(10, 10, 60, 0, 0), target(10, 10, 60, 0, 0);
+    fillRandom(source, 5);
+    EXPECT_FALSE(propagateStressByConvolution(source.field, target.field, -14400, kRock, [](int, int) { return false; }));
+    EXPECT_EQ(target.largest(), 0.0);
 }
 
 // One source element of value 1 at the origin's first element, seen by a

@@ -41,14 +41,22 @@ protected:
     CTopoStressCommand command;
 };
 
-TEST(TopoStressDefaults, UnitSystemReplacesThePropertiesOnlyWhenItChanges)
+TEST(TopoStressDefaults, UnitSystemReplacesThePropertiesWhenPageThreeShowsAfterAChange)
 {
     CTopoStressCommand command;
     command.properties.modulus = "typed";
+    command.activatePropertiesPage();
+    EXPECT_EQ(command.properties.modulus, "typed");
+    // 2, then 1, then back to 2 before page 3 shows: nothing changed.
+    command.setUnitSystem(1);
     command.setUnitSystem(2);
+    command.activatePropertiesPage();
     EXPECT_EQ(command.properties.modulus, "typed");
     command.setUnitSystem(3);
+    EXPECT_EQ(command.properties.modulus, "typed");
+    command.activatePropertiesPage();
     EXPECT_EQ(command.properties.gradient, "24900");
+    EXPECT_EQ(command.properties.modulus, "2.07E+10");
     EXPECT_EQ(topoInputPath("/Data/Mine A/Panel_Stress.GRD"), "/Data/Mine A/panel_stress.tmp");
 }
 
@@ -64,11 +72,12 @@ TEST_F(TopoStress, SeamLevelIsLockedForThicknessAndAveragedOnlyForElevation)
     EXPECT_DOUBLE_EQ(command.seamMean, -300.0);
 
     command.useSeamAverage = true;
+    command.drawingFolder = "/plans/";
     command.activateSeamPage();
     EXPECT_TRUE(command.levelLocked);
     EXPECT_EQ(command.seamLevel, 0.0);
     EXPECT_FALSE(command.typeSeamLevel(12.0));
-    EXPECT_EQ(command.outputPath, (fs::current_path() / "Untitle.grd").string());
+    EXPECT_EQ(command.outputPath, "/plans/Untitle.grd");
 
     command.surfaceType = 0;
     command.topoPath = "/x/hill.grd";
@@ -200,9 +209,11 @@ TEST_F(TopoStress, FailuresOfTheRunStopWithTheirMessages)
     EXPECT_EQ(command.run(), 1);
     EXPECT_EQ(lastBox(), "File <" + command.outputPath + "> could not be opened to write!");
     EXPECT_TRUE(fs::exists("dir.out"));
+    EXPECT_FALSE(fs::exists("dir.grd.part"));
 
     command.outputPath = path("r.grd");
     command.setUnitSystem(4);
+    command.activatePropertiesPage();
     EXPECT_EQ(command.run(), 1);
     ASSERT_GE(capture.boxes.size(), 2u);
     EXPECT_EQ(capture.boxes[capture.boxes.size() - 2].text, "Can Only Specify a Unit Number up to 4 - RI2c\n");
