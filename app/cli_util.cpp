@@ -90,6 +90,11 @@ void explainReadFailure(const std::string& path, const std::string& what)
     explain(path, "could not be read as " + what + " (see the message above)");
 }
 
+void explainRunFailure(const std::string& path, const std::string& what)
+{
+    explain(path, what + " did not finish; the code in the message above tells where");
+}
+
 void explainWriteFailure(const std::string& path)
 {
     if (isDirectory(path)) return explain(path, "cannot be written: it is a folder");

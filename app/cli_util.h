@@ -30,5 +30,8 @@ int describeElementFile(const std::string& path);
 // file or the cause. `what` says what the file was to be ("a grid file").
 void explainReadFailure(const std::string& path, const std::string& what);
 void explainWriteFailure(const std::string& path);
+// After a run that ended with the system's coded message: "vornmark: PATH:
+// `what` did not finish; the code in the message above tells where".
+void explainRunFailure(const std::string& path, const std::string& what);
 
 }  // namespace vorn::app

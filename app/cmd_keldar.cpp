@@ -3,6 +3,7 @@
 // folder, the model is read and printed, the run starts after Enter and the
 // closing box names the result files.
 #include <cstdio>
+#include <filesystem>
 #include <iostream>
 #include <memory>
 #include <string>
@@ -33,14 +34,22 @@ void promptToContinue(const std::string& prompt)
 
 int runKeldar(const std::string& file)
 {
+    // The model's folder becomes the current folder: name the file by its
+    // full path in the lines added after a failure.
+    const std::string path = std::filesystem::absolute(file).string();
     std::unique_ptr<CModelDat> model = vorn::chooseKeldarModel(file);
-    if (!vorn::readKeldarModel(*model)) return kExitFailure;
+    if (!vorn::readKeldarModel(*model)) {
+        finishTerminalLine();
+        explainReadFailure(path, "a stress model (.inp); the code at the end of the message above tells which line");
+        return kExitFailure;
+    }
     const int result = vorn::runKeldarModel(*model, [](const std::string& prompt) {
         promptToContinue(prompt);
         installUserBreakHandler();
         return true;
     });
     finishTerminalLine();
+    if (result != 0) explainRunFailure(path, "the stress run");
     return result == 0 ? kExitOk : kExitFailure;
 }
 

@@ -99,7 +99,11 @@ int runTopoStress(const TopoStressOptions& options)
     command.activatePropertiesPage();
     command.drawingFolder = currentFolder();
     command.surfaceType = options.surface == "elevation" ? 0 : 1;
-    if (!options.surfacePath.empty() && !command.loadSurface(options.surfacePath)) return kExitFailure;
+    if (!options.surfacePath.empty() && !command.loadSurface(options.surfacePath)) {
+        finishTerminalLine();
+        explainReadFailure(options.surfacePath, "a surface grid");
+        return kExitFailure;
+    }
     takeSeamGrid(command, options);
     command.changeOutputPath(options.outputPath);
     command.useSeamAverage = options.seamAverage;
@@ -113,6 +117,7 @@ int runTopoStress(const TopoStressOptions& options)
     installUserBreakHandler();
     int result = command.run();
     finishTerminalLine();
+    if (result != 0) explainRunFailure(options.outputPath, "the overburden stress run");
     return result == 0 ? kExitOk : kExitFailure;
 }
 

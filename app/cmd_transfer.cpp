@@ -36,7 +36,10 @@ size_t rowOfItem(const CElementFileReader& reader, int step, int item)
 int runTransfer(const TransferOptions& options)
 {
     CElementFileReader reader;
-    if (!reader.selectFile(options.elementFile)) return kExitFailure;
+    if (!reader.selectFile(options.elementFile)) {
+        explainReadFailure(options.elementFile, "an element file");
+        return kExitFailure;
+    }
     if (options.list) {
         printItemList(reader);
         return kExitOk;

@@ -76,6 +76,12 @@ TEST_F(Cli, FailuresAddALineNamingTheFileAndTheReason)
     EXPECT_TRUE(has(err, "le could not be opened: "));
     EXPECT_TRUE(has(err, "vornmark: " + path("missing.grd") + ": No such file or directory\n"));
 
+    // The stress model's coded messages get the file and the cause too.
+    EXPECT_EQ(vornmark("keldar " + path("none.inp") + " </dev/null"), 1);
+    EXPECT_TRUE(has(read("err.txt"), "vornmark: " + path("none.inp") + ": No such file or directory\n"));
+    EXPECT_EQ(vornmark("transfer " + path("none.f1") + " --list"), 1);
+    EXPECT_TRUE(has(read("err.txt"), "vornmark: " + path("none.f1") + ": No such file or directory\n"));
+
     write("bad.grd", "not a grid\n");
     EXPECT_EQ(vornmark("grid info " + path("bad.grd")), 1);
     EXPECT_TRUE(has(read("err.txt"), "vornmark: " + path("bad.grd") + ": could not be read as a grid file"));
