@@ -4,30 +4,14 @@
 #include <cmath>
 #include <limits>
 
+#include "drawing/segment_tests.h"
+
 namespace vorn {
 
 namespace {
 
 constexpr double kHalfPi = 1.5707963267948966;
 constexpr double kZero = 1e-10;
-
-double cross(const Point2d& o, const Point2d& a, const Point2d& b) { return (a.x - o.x) * (b.y - o.y) - (a.y - o.y) * (b.x - o.x); }
-
-bool withinSpan(const Point2d& a, const Point2d& b, const Point2d& p)
-{
-    return std::min(a.x, b.x) <= p.x && p.x <= std::max(a.x, b.x) && std::min(a.y, b.y) <= p.y && p.y <= std::max(a.y, b.y);
-}
-
-bool straddle(double s, double t) { return (s > 0 && t < 0) || (s < 0 && t > 0); }
-
-// Whether two closed segments share a point.
-bool segmentsMeet(const Point2d& a, const Point2d& b, const Point2d& c, const Point2d& d)
-{
-    double d1 = cross(c, d, a), d2 = cross(c, d, b), d3 = cross(a, b, c), d4 = cross(a, b, d);
-    if (straddle(d1, d2) && straddle(d3, d4)) return true;
-    return (d1 == 0 && withinSpan(c, d, a)) || (d2 == 0 && withinSpan(c, d, b)) || (d3 == 0 && withinSpan(a, b, c)) ||
-           (d4 == 0 && withinSpan(a, b, d));
-}
 
 // Even-odd test over the window's corners; its edges count as inside.
 bool insideWindow(const Point2d (&window)[4], const Point2d& p)

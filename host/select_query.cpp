@@ -4,8 +4,9 @@
 #include <algorithm>
 #include <cmath>
 
-#include "host/db_database.h"
 #include "drawing/geometry_curves.h"
+#include "drawing/segment_tests.h"
+#include "host/db_database.h"
 #include "host/select_filter.h"
 
 namespace vorn::host {
@@ -13,25 +14,6 @@ namespace vorn::host {
 namespace {
 
 using Chains = std::vector<std::vector<Point2d>>;
-
-double cross(const Point2d& o, const Point2d& a, const Point2d& b) { return (a.x - o.x) * (b.y - o.y) - (a.y - o.y) * (b.x - o.x); }
-
-bool withinSpan(const Point2d& a, const Point2d& b, const Point2d& p)
-{
-    return std::min(a.x, b.x) <= p.x && p.x <= std::max(a.x, b.x) && std::min(a.y, b.y) <= p.y && p.y <= std::max(a.y, b.y);
-}
-
-// Whether two values lie strictly on opposite sides of zero.
-bool straddle(double s, double t) { return (s > 0 && t < 0) || (s < 0 && t > 0); }
-
-// Whether two closed segments share a point.
-bool segmentsMeet(const Point2d& a, const Point2d& b, const Point2d& c, const Point2d& d)
-{
-    double d1 = cross(c, d, a), d2 = cross(c, d, b), d3 = cross(a, b, c), d4 = cross(a, b, d);
-    if (straddle(d1, d2) && straddle(d3, d4)) return true;
-    return (d1 == 0 && withinSpan(c, d, a)) || (d2 == 0 && withinSpan(c, d, b)) || (d3 == 0 && withinSpan(a, b, c)) ||
-           (d4 == 0 && withinSpan(a, b, d));
-}
 
 // Even-odd test; points on the boundary count as inside.
 bool insidePolygon(const std::vector<Point2d>& polygon, const Point2d& p)
