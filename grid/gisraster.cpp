@@ -192,8 +192,13 @@ bool writeRaster(const myGrid& grid, const std::string& path, RasterFormat forma
     GDALDriver* memory = GetGDALDriverManager()->GetDriverByName("MEM");
     const bool direct = format == RasterFormat::GeoTiff;
     namespace fs = std::filesystem;
-    const std::string temporary = (fs::path(path).parent_path() / ("." + fs::path(path).filename().string() + ".part")).string() +
-                                  (direct ? "" : fs::path(path).extension().string());
+    // A hidden name beside the target; the copy drivers want the extension.
+    fs::path hidden = fs::path(path).filename();
+    hidden += ".part";
+    if (!direct) hidden += fs::path(path).extension();
+    std::string hiddenName(1, '.');
+    hiddenName.append(hidden.string());
+    const std::string temporary = (fs::path(path).parent_path() / hiddenName).string();
     CPLErrorReset();
     DatasetPtr dataset((direct ? driver : memory)->Create(direct ? temporary.c_str() : "", columns, rows, 1, GDT_Float64, nullptr));
     if (!dataset) {

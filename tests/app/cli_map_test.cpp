@@ -38,7 +38,9 @@ TEST_F(Cli, MapHatchesTheIndexOnThePlanAndTheDxfOpensElsewhere)
                         "'); a=d.audit(); sys.exit(1 if a.has_errors else 0)\""),
                   0);
     }
-    if (shell("which ogrinfo") == 0) EXPECT_EQ(shell("ogrinfo -ro -al -so " + out), 0);
+    if (shell("which ogrinfo") == 0) {
+        EXPECT_EQ(shell("ogrinfo -ro -al -so " + out), 0);
+    }
 }
 
 TEST_F(Cli, MapWithoutPillarLayersIsRefusedAndSavesNothing)
