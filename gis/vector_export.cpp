@@ -51,7 +51,7 @@ std::unique_ptr<OGRGeometry> polygonOf(const std::vector<std::vector<Point2d>>& 
 {
     auto polygon = std::make_unique<OGRPolygon>();
     for (const auto& ring : rings)
-        if (ring.size() >= 3) polygon->addRing(new OGRLinearRing(ringOf(ring)));
+        if (ring.size() >= 3) polygon->addRingDirectly(new OGRLinearRing(ringOf(ring)));
     if (polygon->IsEmpty()) return nullptr;
     return polygon;
 }
