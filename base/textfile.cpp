@@ -2,6 +2,7 @@
 
 #include <sys/stat.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdarg>
 #include <cstring>
@@ -59,10 +60,15 @@ bool TextReader::open(const std::string& path, int* cause)
         if (cause) *cause = fileErrorCause(errno);
         return false;
     }
-    if (!buffer_) buffer_ = std::make_unique<char[]>(kBufferSize);
     struct stat status {};
     bool sized = ::fstat(::fileno(file_), &status) == 0 && S_ISREG(status.st_mode);
     size_ = sized ? static_cast<std::uint64_t>(status.st_size) : UINT64_MAX;
+    // A small file gets a buffer of its own size: readers open many of them.
+    size_t wanted = static_cast<size_t>(std::min<std::uint64_t>(size_, kBufferSize - 1)) + 1;
+    if (!buffer_ || capacity_ < wanted) {
+        buffer_ = std::make_unique_for_overwrite<char[]>(wanted);
+        capacity_ = wanted;
+    }
     taken_ = 0;
     begin_ = end_ = 0;
     eof_ = false;
@@ -84,7 +90,7 @@ bool TextReader::fill()
         end_ -= begin_;
         begin_ = 0;
     }
-    size_t got = std::fread(buffer_.get() + end_, 1, kBufferSize - end_, file_);
+    size_t got = std::fread(buffer_.get() + end_, 1, capacity_ - end_, file_);
     if (got == 0) eof_ = true;
     end_ += got;
     taken_ += got;
@@ -153,7 +159,6 @@ bool TextWriter::openMode(const std::string& path, const char* mode, int* cause)
     }
     if (!file_) return false;
     pending_.clear();
-    pending_.reserve(kBufferSize + 4096);
     failed_ = false;
     if (cause) *cause = kFileNone;
     return true;

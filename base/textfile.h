@@ -71,6 +71,7 @@ private:
     std::uint64_t size_ = 0;
     std::uint64_t taken_ = 0;  // bytes moved from the file into the buffer
     std::unique_ptr<char[]> buffer_;
+    size_t capacity_ = 0;
     size_t begin_ = 0;
     size_t end_ = 0;
     bool eof_ = false;

@@ -18,11 +18,14 @@
 
 #include "base/processend.h"
 #include "base/report.h"
+#include "generators/points_grid.h"
+#include "grid/gisraster.h"
 #include "grid/grid.h"
 #include "host/db_database.h"
 #include "host/dxf_codec.h"
 #include "host/profile_ini.h"
 #include "host/script_answers.h"
+#include "index/stability_project.h"
 #include "stressmodel/modeldat.h"
 #include "stressmodel/topomodel.h"
 #include "stressmodel/transfer.h"
@@ -208,12 +211,46 @@ inline void feedProfile(std::string_view bytes)
     });
 }
 
+// A stability project `.prj`: read, then written back as the panel saves it.
+inline void feedProject(std::string_view bytes)
+{
+    guarded([&] {
+        std::string path = writeScratch("project.prj", bytes);
+        std::vector<StabilityFactor> factors;
+        if (readProject(path, factors) != ProjectReadStatus::Unopened) writeProject(path, factors);
+    });
+}
+
+// The point import file of the points generator.
+inline void feedPoints(std::string_view bytes)
+{
+    guarded([&] {
+        std::string path = writeScratch("points.txt", bytes);
+        std::vector<vorn::Point3d> points;
+        int cause = 0;
+        vorn::readPointFile(path, points, cause);
+    });
+}
+
+// A GIS raster through GDAL, as `grid import` reads it; the file name has no
+// extension so that GDAL tells the format from the content.
+inline void feedRaster(std::string_view bytes)
+{
+    guarded([&] {
+        std::string path = writeScratch("raster", bytes);
+        myGrid grid;
+        std::string error;
+        if (vorn::readRaster(path, grid, error)) grid.describe(false);
+    });
+}
+
 // The feeders by the name of their folder of seeds and regressions.
 inline const std::map<std::string, void (*)(std::string_view)>& feeders()
 {
     static const std::map<std::string, void (*)(std::string_view)> table{
         {"grd", feedGrd},       {"top", feedTop},         {"model", feedModel},   {"overburden", feedOverburden},
         {"element", feedElementFile}, {"dxf", feedDxf}, {"script", feedScript}, {"profile", feedProfile},
+        {"project", feedProject}, {"points", feedPoints},     {"raster", feedRaster},
     };
     return table;
 }

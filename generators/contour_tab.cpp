@@ -50,8 +50,8 @@ std::vector<PanelControl> CTopoTab::pageControls()
     controls.push_back(level);
     // In plain mode the units are set to metres and cannot be changed.
     for (auto [caption, field, value] : {std::tuple{"Feet", &feetRadio_, 0}, std::tuple{"Meters", &metersRadio_, 1}}) {
-        PanelControl radio = radioControl(caption, *field, [this, value] {
-            if (topography_) units = value;
+        PanelControl radio = radioControl(caption, *field, [this, chosen = value] {
+            if (topography_) units = chosen;
         });
         radio.readOnly = !topography_;
         controls.push_back(radio);

@@ -1,5 +1,6 @@
 #include "grid/gisraster.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstdio>
 #include <cstring>
@@ -62,6 +63,23 @@ std::string lastGdalError(const std::string& fallback)
     return message && *message ? std::string(message) : fallback;
 }
 
+// The pixels of band 1, top row first, read row by row in file order and
+// in pieces of bounded width: what is kept grows with what the file really
+// delivers, so a header that claims more pixels than its file holds fails
+// on the first missing row before a grid is made for them.
+bool readPixels(GDALRasterBand& band, int columns, int rows, std::vector<double>& pixels)
+{
+    constexpr int kPiece = 1 << 16;
+    std::vector<double> piece(static_cast<size_t>(std::min(columns, kPiece)));
+    for (int r = 0; r < rows; ++r)
+        for (int c = 0; c < columns; c += kPiece) {
+            const int width = std::min(kPiece, columns - c);
+            if (band.RasterIO(GF_Read, c, r, width, 1, piece.data(), width, 1, GDT_Float64, 0, 0) != CE_None) return false;
+            pixels.insert(pixels.end(), piece.begin(), piece.begin() + width);
+        }
+    return true;
+}
+
 // The geotransform of the node lattice (see the header for the mapping).
 void geoTransformOf(const myGrid& grid, double transform[6])
 {
@@ -118,7 +136,12 @@ bool readRaster(const std::string& path, myGrid& grid, std::string& error)
 {
     registerDrivers();
     CPLErrorReset();
-    DatasetPtr dataset(static_cast<GDALDataset*>(GDALOpen(path.c_str(), GA_ReadOnly)));
+    // Only the formats the system reads and writes are tried: a file in one
+    // of GDAL's hundred others is refused rather than handed to a driver
+    // that no one here has tried on bad input.
+    static const char* const kReadDrivers[] = {"GTiff", "AAIGrid", "GSAG", "GSBG", "GS7BG", nullptr};
+    DatasetPtr dataset(static_cast<GDALDataset*>(
+        GDALOpenEx(path.c_str(), GDAL_OF_RASTER | GDAL_OF_READONLY, kReadDrivers, nullptr, nullptr)));
     if (!dataset) {
         error = lastGdalError("not a raster GDAL can read");
         return false;
@@ -138,6 +161,16 @@ bool readRaster(const std::string& path, myGrid& grid, std::string& error)
     const double dy = std::hypot(transform[2], transform[5]);
     const double rotation = std::atan2(transform[4], transform[1]);
     // In degrees by the grid's own pi, so that setup gives back these radians.
+    if (!myGrid::canSetup(columns - 1, rows - 1, dy)) {
+        error = "the pixel size or count gives no grid";
+        return false;
+    }
+    GDALRasterBand* band = dataset->GetRasterBand(1);
+    std::vector<double> pixels;
+    if (!readPixels(*band, columns, rows, pixels)) {
+        error = lastGdalError("a row could not be read");
+        return false;
+    }
     if (!grid.setup(columns - 1, rows - 1, dx, dy, rotation * 180.0 / kGridPi)) {
         error = "the pixel size or count gives no grid";
         return false;
@@ -147,21 +180,14 @@ bool readRaster(const std::string& path, myGrid& grid, std::string& error)
     const double row = rows - 0.5;
     grid.setOrigin(transform[0] + col * transform[1] + row * transform[2],
                    transform[3] + col * transform[4] + row * transform[5], 0.0);
-    GDALRasterBand* band = dataset->GetRasterBand(1);
     int hasNoData = 0;
     const double noData = band->GetNoDataValue(&hasNoData);
-    std::vector<double> line(static_cast<size_t>(columns));
-    for (int r = 0; r < rows; ++r) {
-        if (band->RasterIO(GF_Read, 0, r, columns, 1, line.data(), columns, 1, GDT_Float64, 0, 0) != CE_None) {
-            error = lastGdalError("a row could not be read");
-            return false;
-        }
+    for (int r = 0; r < rows; ++r)
         for (int c = 0; c < columns; ++c) {
-            double value = line[static_cast<size_t>(c)];
+            double value = pixels[static_cast<size_t>(r) * static_cast<size_t>(columns) + static_cast<size_t>(c)];
             bool missing = std::isnan(value) || (hasNoData && (value == noData || (std::isnan(noData) && std::isnan(value))));
             grid.setValue(c, rows - 1 - r, missing ? NULL_VALUE : value);
         }
-    }
     const char* title = dataset->GetMetadataItem("TITLE");
     grid.setTitle(title ? title : "");
     return true;

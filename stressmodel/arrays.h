@@ -9,10 +9,15 @@
 // "...now exiting to the system...", and the process ends with status 1.
 #pragma once
 
+#include <climits>
 #include <cstddef>
 #include <vector>
 
 namespace vorn {
+
+// Whether a count of a topographic surface can make a plate: at least one
+// value, and room for the rim of the plate's matrix (count + 1 is an index).
+inline bool isPlateCount(int count) { return count > 0 && count < INT_MAX; }
 
 // Writes the allocation failure lines and ends the process (status 1).
 [[noreturn]] void allocationFailure(const char* message);

@@ -205,8 +205,10 @@ int CModelDat::ReadTopography()
     char skipped[255];
     for (int line = 0; line < 2; ++line)
         if (!std::fgets(skipped, sizeof skipped, f)) break;
-    // A count of INT_MAX has no room for the plate's rim.
-    if (static_cast<long long>(topoCountX) * topoCountY != topoTotal || topoCountX == INT_MAX || topoCountY == INT_MAX)
+    // A surface has at least one value each way; without that the plate's
+    // rim alone could claim any memory. A count of INT_MAX has no room for it.
+    if (static_cast<long long>(topoCountX) * topoCountY != topoTotal || !vorn::isPlateCount(topoCountX) ||
+        !vorn::isPlateCount(topoCountY))
         return ReadFailure(2, "Inconsistent Data in the Topographic Header Line - RTI2b\n");
     // Each value takes at least a byte: values that the file cannot hold are
     // missing ones, found before anything is allocated for them.

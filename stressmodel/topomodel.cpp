@@ -86,10 +86,10 @@ int CTopoModelDat::ReadHeader(std::FILE* file)
 int CTopoModelDat::ReadSurface(std::FILE* file)
 {
     // Each value takes at least a byte: values that the file cannot hold are
-    // missing ones, found before anything is allocated for them.
-    // A count of INT_MAX has no room for the plate's rim either.
-    if (static_cast<double>(topoCountX) * topoCountY > static_cast<double>(vorn::bytesLeft(file)) ||
-        topoCountX == INT_MAX || topoCountY == INT_MAX) {
+    // missing ones, found before anything is allocated for them. A surface
+    // has at least one value each way, and room for the plate's rim.
+    if (!vorn::isPlateCount(topoCountX) || !vorn::isPlateCount(topoCountY) ||
+        static_cast<double>(topoCountX) * topoCountY > static_cast<double>(vorn::bytesLeft(file))) {
         return readFailure("Error reading the Topographic Grid Stress - RTI3\n", 3);
     }
     vorn::dmatrix(overburdenStress, 1, elementsX, 1, elementsY);

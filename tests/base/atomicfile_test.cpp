@@ -1,6 +1,10 @@
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
 #include <unistd.h>
+
+#include <csignal>
 
 #include <filesystem>
 #include <fstream>
@@ -112,6 +116,30 @@ TEST_F(ReplacingFileTest, AReadOnlyFolderOrFileRefusesAndKeepsTheOldFile)
     fs::permissions(target, fs::perms::owner_read);
     EXPECT_FALSE(vorn::writeFileReplacing(target, "new", &cause));
     EXPECT_EQ(contents(), "old");
+}
+
+// A disk that fills up part way through, as a file size limit makes it even
+// for a user whom permissions do not bind: the write fails, the old file
+// stays and no temporary is left. Run in a child so that the limit ends there.
+TEST_F(ReplacingFileTest, AWriteThatFailsPartWayKeepsTheOldFileAndLeavesNoTemporary)
+{
+    pid_t child = ::fork();
+    ASSERT_GE(child, 0);
+    if (child == 0) {
+        std::signal(SIGXFSZ, SIG_IGN);
+        struct rlimit limit {4096, 4096};
+        ::setrlimit(RLIMIT_FSIZE, &limit);
+        vorn::TextWriter writer;
+        if (!writer.openReplacing(target)) ::_exit(2);
+        writer.write(std::string(3 << 20, 'x'));
+        ::_exit(writer.close() ? 3 : 0);
+    }
+    int status = 0;
+    ASSERT_EQ(::waitpid(child, &status, 0), child);
+    ASSERT_TRUE(WIFEXITED(status));
+    EXPECT_EQ(WEXITSTATUS(status), 0) << "2: not opened, 3: the failed write was reported as written";
+    EXPECT_EQ(contents(), "old");
+    EXPECT_EQ(names(), std::vector<std::string>{"result.grd"});
 }
 
 }  // namespace

@@ -84,8 +84,13 @@ TEST(ReplayCommands, DrawingsAndElementFilesEndWithStatusZeroOrOne)
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Readers, Replay,
-                         ::testing::Values("grd", "top", "model", "overburden", "element", "dxf", "script", "profile"),
-                         [](const auto& param) { return param.param; });
+std::vector<std::string> readerNames()
+{
+    std::vector<std::string> names;
+    for (const auto& [name, feed] : vornfuzz::feeders()) names.push_back(name);
+    return names;
+}
+
+INSTANTIATE_TEST_SUITE_P(Readers, Replay, ::testing::ValuesIn(readerNames()), [](const auto& param) { return param.param; });
 
 }  // namespace

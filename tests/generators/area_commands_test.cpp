@@ -1,6 +1,7 @@
 // Whole builds of the area factor, seam and horizontal stress pages, driven
 // by scripts from the page "Grid Dimension" to the written file.
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <filesystem>
 #include <fstream>
@@ -44,7 +45,7 @@ std::vector<Point2d> box(double x0, double y0, double x1, double y1) { return {{
 
 std::string scratch(const char* name)
 {
-    auto folder = std::filesystem::temp_directory_path() / "vorn_area_commands";
+    auto folder = std::filesystem::temp_directory_path() / ("vorn_area_commands_" + std::to_string(::getpid()));
     std::filesystem::create_directories(folder);
     std::filesystem::remove(folder / name);
     return (folder / name).string();

@@ -1,6 +1,7 @@
 // The pages "Build Grid" of the contour, point and linear feature commands,
 // driven through scripts over a small drawing, down to the files saved.
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <filesystem>
 #include <fstream>
@@ -16,7 +17,7 @@ using vorn::Entity;
 
 std::string scratch(const std::string& name)
 {
-    fs::path dir = fs::temp_directory_path() / "vorn_linepoint_pages";
+    fs::path dir = fs::temp_directory_path() / ("vorn_linepoint_pages_" + std::to_string(::getpid()));
     fs::create_directories(dir);
     fs::remove(dir / name);
     return (dir / name).string();

@@ -1,6 +1,7 @@
 // The point grid: the indexed search against the plain pass over all
 // points for each radius, the averages, and the point import file.
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <cmath>
 #include <cstring>
@@ -36,7 +37,7 @@ bool sameBits(double a, double b) { return std::memcmp(&a, &b, sizeof a) == 0; }
 
 std::string tempPath(const std::string& name)
 {
-    auto dir = std::filesystem::temp_directory_path() / "vorn_points_tests";
+    auto dir = std::filesystem::temp_directory_path() / ("vorn_points_tests_" + std::to_string(::getpid()));
     std::filesystem::create_directories(dir);
     return (dir / name).string();
 }

@@ -176,3 +176,22 @@ TEST_F(Raster, UnreadableRasterGivesTheCause)
     EXPECT_FALSE(vorn::readRaster(path("bad.tif"), grid, error));
     EXPECT_FALSE(error.empty());
 }
+
+TEST_F(Raster, HeaderClaimingMorePixelsThanTheFileHoldsIsRefusedBeforeTheGridIsMade)
+{
+    // A Surfer binary header for 8000 x 8000 pixels followed by one value:
+    // the reader must fail on the missing pixels, not take 500 MB first.
+    std::ofstream out(path("claims.grd"), std::ios::binary);
+    const short counts[2] = {8000, 8000};
+    const double bounds[6] = {0, 8000, 0, 8000, 0, 1};
+    out.write("DSBB", 4);
+    out.write(reinterpret_cast<const char*>(counts), sizeof counts);
+    out.write(reinterpret_cast<const char*>(bounds), sizeof bounds);
+    out.write("\0\0\0\0", 4);
+    out.close();
+    myGrid grid;
+    std::string error;
+    EXPECT_FALSE(vorn::readRaster(path("claims.grd"), grid, error));
+    EXPECT_FALSE(error.empty());
+    EXPECT_EQ(grid.getXNum(), 0);
+}

@@ -1,4 +1,5 @@
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <cmath>
 #include <filesystem>
@@ -63,7 +64,7 @@ TEST(FactorNormalisation, TheTableOfFunctionsAndTendencies)
 
 TEST(FactorConversionRun, ConvertsAllNodesAndReports)
 {
-    auto dir = std::filesystem::temp_directory_path() / "vorn_factor_tests";
+    auto dir = std::filesystem::temp_directory_path() / ("vorn_factor_tests_" + std::to_string(::getpid()));
     std::filesystem::create_directories(dir);
     myGrid g;
     g.setup(2, 2, 1, 1, 0);

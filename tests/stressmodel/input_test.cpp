@@ -172,8 +172,11 @@ TEST_F(ReadInputTest, TopographyRefusalsAndAGoodRead)
     EXPECT_EQ(lastBox(), "Error reading the Topographic Grid Stress - RTI3\n");
     // Values that the file cannot hold are missing before anything is
     // allocated; a product past the int range is inconsistent.
+    // A count of zero either way is inconsistent too: the plate's rim alone
+    // would take memory for the other count.
     for (const char* header : {"1,400000000, 10.0, 20000, 20000, 0.0, 0.0, 100.0\n",
-                               "1,0, 10.0, 2147483647, 0, 0.0, 0.0, 100.0\n"}) {
+                               "1,0, 10.0, 2147483647, 0, 0.0, 0.0, 100.0\n",
+                               "1,0, 10.0, 2000000000, 0, 0.0, 0.0, 100.0\n"}) {
         CModelDat fresh;
         fresh.SetBaseName("model");
         writeFile("model.top", header);

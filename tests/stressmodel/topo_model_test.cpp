@@ -64,6 +64,10 @@ TEST_F(TopoModel, EveryReadFailureHasItsMessageAndResult)
         {[](TmpLines& t) { t.control = "1.35,0.00001"; }, 7, "Error reading the program control parameters - RI7a\n"},
         {[](TmpLines& t) { t.topo = "1200.0,12,12,0,0"; }, 2, "Error Reading the Topographic Header Line - RTI2a\n"},
         {[](TmpLines& t) { t.values.pop_back(); }, 3, "Error reading the Topographic Grid Stress - RTI3\n"},
+        // A surface without a value one way is refused before the plate's
+        // rim takes memory for the other count.
+        {[](TmpLines& t) { t.topo = "12.0,2000000000,0,0,0,0.0"; }, 3, "Error reading the Topographic Grid Stress - RTI3\n"},
+        {[](TmpLines& t) { t.topo = "12.0,-5,-5,0,0,0.0"; }, 3, "Error reading the Topographic Grid Stress - RTI3\n"},
         // Counts of four digits do not fit the three-character fields.
         {[](TmpLines& t) { t.grid = "1200.000000,1000,10,0.091667"; }, 5, "Error reading the general grid information - RI5a\n"},
     };
