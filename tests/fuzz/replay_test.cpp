@@ -1,9 +1,9 @@
 // Every input that ever crashed, hung or exhausted a reader under the fuzz
 // targets (tests/fuzz_regressions/<reader>/), and every seed of the fuzz
 // corpus (fuzz/seeds/<reader>/), goes through the reader again in this
-// build: the test fails if one of them crashes, hangs or aborts. The DXF
-// and element-file inputs also go through the `vornmark` commands, which
-// must end with status 0 or 1.
+// build: the test fails if one of them crashes, hangs or aborts. The DXF,
+// grid, raster and element-file inputs also go through the `vornmark`
+// commands, which must end with status 0 or 1.
 #include <gtest/gtest.h>
 #include <sys/wait.h>
 
@@ -62,13 +62,25 @@ TEST_P(Replay, EveryInputEndsWithTheReadersOwnOutcome)
     }
 }
 
-TEST(ReplayCommands, DrawingsAndElementFilesEndWithStatusZeroOrOne)
+TEST(ReplayCommands, DrawingsGridsAndElementFilesEndWithStatusZeroOrOne)
 {
     fs::path scratch = vornfuzz::scratchFolder();
     for (const fs::path& input : inputsOf("dxf")) {
         fs::copy_file(input, scratch / "replay.dxf", fs::copy_options::overwrite_existing);
         std::string drawing = (scratch / "replay.dxf").string();
         for (const std::string& args : {"drawing info " + drawing, "drawing copy " + drawing + " " + (scratch / "copy.dxf").string()}) {
+            int status = commandStatus(args);
+            EXPECT_TRUE(status == 0 || status == 1) << args << " from " << input << " ended with " << status;
+        }
+    }
+    // Grid files and rasters through `grid info`, each under the extension
+    // that picks its reader (a raster keeps its own, if it has one).
+    for (const auto& [reader, extension] : {std::pair<std::string, std::string>{"grd", ".grd"}, {"top", ".top"}, {"raster", ""}}) {
+        for (const fs::path& input : inputsOf(reader)) {
+            std::string name = "replay" + (extension.empty() ? input.extension().string() : extension);
+            if (name == "replay") continue;
+            fs::copy_file(input, scratch / name, fs::copy_options::overwrite_existing);
+            std::string args = "grid info " + (scratch / name).string();
             int status = commandStatus(args);
             EXPECT_TRUE(status == 0 || status == 1) << args << " from " << input << " ended with " << status;
         }
