@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <iterator>
 #include <cmath>
+#include <functional>
 
 #include "drawing/extents_index.h"
 #include "drawing/polygon.h"
@@ -55,6 +56,33 @@ private:
     std::vector<std::size_t> unboxed_;
 };
 
+// What a candidate is to a seed: passed over unexamined (no stop check
+// follows), examined and apart, or a pair.
+enum class Verdict { Skipped, Apart, Pair };
+
+// Pairs seed `a` with the candidates `later` as `judge` finds them, with the
+// control's notices, and keeps the seed's finding when it found a partner.
+// True when a stop was asked for.
+bool pairSeed(std::size_t a, const std::vector<std::size_t>& later, const std::function<Verdict(std::size_t)>& judge,
+              std::vector<bool>& listed, const ScanControl& control, std::vector<PairFinding>& findings)
+{
+    PairFinding finding{a, {}};
+    bool stop = false;
+    for (std::size_t b : later) {
+        Verdict verdict = judge(b);
+        if (verdict == Verdict::Skipped) continue;
+        if (verdict == Verdict::Pair) {
+            listed[a] = listed[b] = true;
+            finding.partners.push_back(b);
+            if (control.pairFound) control.pairFound(a, b);
+        }
+        if ((stop = stopRequested(control))) break;
+    }
+    if (control.seedFinished) control.seedFinished(a, !finding.partners.empty());
+    if (!finding.partners.empty()) findings.push_back(finding);
+    return stop || stopRequested(control);
+}
+
 }  // namespace
 
 Extents3d planExtents(const std::vector<Point2d>& points)
@@ -77,22 +105,13 @@ std::vector<PairFinding> findOverlaps(const std::vector<std::vector<Point2d>>& p
         std::vector<Point2d> points = polygons[a];
         std::vector<Point2d> hull;
         convexHull(points, hull);
-        PairFinding finding{a, {}};
-        bool stop = false;
         // A hull of fewer than 3 points clips nothing.
         std::vector<std::size_t> later;
         if (hull.size() >= 3) later = candidates.after(a, polygons.size(), true);
-        for (std::size_t b : later) {
-            if (overlapArea(hull, polygons[b]) > kOverlapTolerance) {
-                listed[a] = listed[b] = true;
-                finding.partners.push_back(b);
-                if (control.pairFound) control.pairFound(a, b);
-            }
-            if ((stop = stopRequested(control))) break;
-        }
-        if (control.seedFinished) control.seedFinished(a, !finding.partners.empty());
-        if (!finding.partners.empty()) findings.push_back(finding);
-        if (stop || stopRequested(control)) break;
+        auto judge = [&](std::size_t b) {
+            return overlapArea(hull, polygons[b]) > kOverlapTolerance ? Verdict::Pair : Verdict::Apart;
+        };
+        if (pairSeed(a, later, judge, listed, control, findings)) break;
     }
     return findings;
 }
@@ -113,21 +132,13 @@ std::vector<PairFinding> findDuplicates(const std::vector<double>& areas, const 
             continue;
         }
         bool boxed = !extents[a].isEmpty() && areaA > kNoisyArea;
-        PairFinding finding{a, {}};
-        bool stop = false;
-        for (std::size_t b : candidates.after(a, areas.size(), boxed)) {
-            if (areas[b] < 0.0 || std::fabs(areaA - areas[b]) > kOverlapTolerance) continue;
+        auto judge = [&](std::size_t b) {
+            // Areas that differ cannot be one region: no need to intersect.
+            if (areas[b] < 0.0 || std::fabs(areaA - areas[b]) > kOverlapTolerance) return Verdict::Skipped;
             double common = commonArea(a, b);
-            if (common > 0.0 && std::fabs(areaA - common) < kOverlapTolerance) {
-                listed[a] = listed[b] = true;
-                finding.partners.push_back(b);
-                if (control.pairFound) control.pairFound(a, b);
-            }
-            if ((stop = stopRequested(control))) break;
-        }
-        if (control.seedFinished) control.seedFinished(a, !finding.partners.empty());
-        if (!finding.partners.empty()) findings.push_back(finding);
-        if (stop || stopRequested(control)) break;
+            return common > 0.0 && std::fabs(areaA - common) < kOverlapTolerance ? Verdict::Pair : Verdict::Apart;
+        };
+        if (pairSeed(a, candidates.after(a, areas.size(), boxed), judge, listed, control, findings)) break;
     }
     return findings;
 }
