@@ -232,8 +232,8 @@ inline void feedPoints(std::string_view bytes)
     });
 }
 
-// A GIS raster through GDAL, as `grid import` reads it; the file name has no
-// extension so that GDAL tells the format from the content.
+// A GIS raster through GDAL, as `grid info` and `grid convert` read it;
+// the file name has no extension, so GDAL tells the format by the content.
 inline void feedRaster(std::string_view bytes)
 {
     guarded([&] {

@@ -160,7 +160,6 @@ bool readRaster(const std::string& path, myGrid& grid, std::string& error)
     const double dx = std::hypot(transform[1], transform[4]);
     const double dy = std::hypot(transform[2], transform[5]);
     const double rotation = std::atan2(transform[4], transform[1]);
-    // In degrees by the grid's own pi, so that setup gives back these radians.
     if (!myGrid::canSetup(columns - 1, rows - 1, dy)) {
         error = "the pixel size or count gives no grid";
         return false;
@@ -171,6 +170,7 @@ bool readRaster(const std::string& path, myGrid& grid, std::string& error)
         error = lastGdalError("a row could not be read");
         return false;
     }
+    // In degrees by the grid's own pi, so that setup gives back these radians.
     if (!grid.setup(columns - 1, rows - 1, dx, dy, rotation * 180.0 / kGridPi)) {
         error = "the pixel size or count gives no grid";
         return false;
