@@ -95,27 +95,22 @@ inline std::pair<std::string_view, std::string_view> splitPair(std::string_view 
     return {bytes.substr(0, at), bytes.substr(at + kSeparator.size())};
 }
 
-inline void feedGrd(std::string_view bytes)
+// A grid file read twice, as the commands read it: the lattice from the
+// header alone, then the whole grid.
+template <bool (myGrid::*read)(const std::string&, int)>
+void feedGridFile(const char* name, std::string_view bytes)
 {
     guarded([&] {
-        std::string path = writeScratch("input.grd", bytes);
+        std::string path = writeScratch(name, bytes);
         myGrid lattice;
-        lattice.readGrd(path, 0);
+        (lattice.*read)(path, 0);
         myGrid grid;
-        if (grid.readGrd(path, 1)) grid.describe(false);
+        if ((grid.*read)(path, 1)) grid.describe(false);
     });
 }
 
-inline void feedTop(std::string_view bytes)
-{
-    guarded([&] {
-        std::string path = writeScratch("input.top", bytes);
-        myGrid lattice;
-        lattice.readTop(path, 0);
-        myGrid grid;
-        if (grid.readTop(path, 1)) grid.describe(false);
-    });
-}
+inline void feedGrd(std::string_view bytes) { feedGridFile<&myGrid::readGrd>("input.grd", bytes); }
+inline void feedTop(std::string_view bytes) { feedGridFile<&myGrid::readTop>("input.top", bytes); }
 
 // The model `.inp` and, after the separator, its topography `.top`.
 inline void feedModel(std::string_view bytes)

@@ -57,10 +57,7 @@ std::vector<PanelControl> CTopoTab::pageControls()
         controls.push_back(radio);
     }
     PanelControl build = buttonControl("< &Build Grid", [this] { OnBuildGrid(); });
-    PanelControl draw = buttonControl("< &Draw Grid", [this] { OnDrawGrid(); });
-    PanelControl save = buttonControl("< &Save Grid", [this] { OnSaveGrid(); });
-    draw.readOnly = !built;
-    save.readOnly = !(built && !saved);
+    auto [draw, save] = drawAndSaveButtons([this] { OnDrawGrid(); });
     controls.insert(controls.end(), {build, draw, save});
     return controls;
 }

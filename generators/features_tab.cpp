@@ -34,10 +34,7 @@ void CGeoFeatureTab::OnTabActivation(bool active)
 std::vector<PanelControl> CGeoFeatureTab::pageControls()
 {
     using namespace vorn;
-    PanelControl draw = buttonControl("< &Draw Grid", [this] { OnDrawGrid(); });
-    PanelControl save = buttonControl("< &Save Grid", [this] { OnSaveGrid(); });
-    draw.readOnly = !built;
-    save.readOnly = !(built && !saved);
+    auto [draw, save] = drawAndSaveButtons([this] { OnDrawGrid(); });
     return {
         editControl("Output File (.grd) :", output.text, [this] { output.onEdited(); }),
         buttonControl("Pick a file", [this] { output.pick(); }),

@@ -194,4 +194,13 @@ bool readIntegerField(const std::string& text, int lo, int hi, int& value)
     return true;
 }
 
+std::pair<PanelControl, PanelControl> CLinePointPage::drawAndSaveButtons(std::function<void()> draw)
+{
+    PanelControl drawButton = buttonControl("< &Draw Grid", std::move(draw));
+    PanelControl saveButton = buttonControl("< &Save Grid", [this] { OnSaveGrid(); });
+    drawButton.readOnly = !built;
+    saveButton.readOnly = !(built && !saved);
+    return {drawButton, saveButton};
+}
+
 }  // namespace vorn

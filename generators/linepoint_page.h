@@ -4,7 +4,9 @@
 // outlines drawn in the colour of their value while a grid is built.
 #pragma once
 
+#include <functional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "drawing/geom_types.h"
@@ -80,6 +82,9 @@ public:
     void OnPickLayer();
 
 protected:
+    // The "< &Draw Grid" button running `draw`, usable once a grid is built,
+    // and "< &Save Grid", usable while the built grid is not saved.
+    std::pair<PanelControl, PanelControl> drawAndSaveButtons(std::function<void()> draw);
     // Writes the grid; false when the file could not be written.
     virtual bool writeGrid(const std::string& path) = 0;
     // The frame's lattice into the page's grid.
